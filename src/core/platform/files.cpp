@@ -1,0 +1,152 @@
+#include "platform/files.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <map>
+#include <system_error>
+#include <vector>
+
+#include "text/tokens.h"
+
+namespace halvo::platform {
+namespace {
+
+struct Listing {
+    timespec mtime{};
+    std::vector<std::pair<std::string, std::string>> folded;  // (lower-case name, name), sorted by name
+};
+
+// One cache for the process: it only spares repeated directory scans and never changes an answer,
+// since a listing is dropped as soon as its directory's time stamp moves.
+std::map<std::string, Listing>& Cache() {
+    static std::map<std::string, Listing> cache;
+    return cache;
+}
+
+const Listing* ListingOf(const std::string& dir) {
+    struct stat st{};
+    const std::string d = dir.empty() ? "." : dir;
+    if (::stat(d.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) return nullptr;
+    auto& cache = Cache();
+    auto it = cache.find(d);
+    if (it != cache.end() && it->second.mtime.tv_sec == st.st_mtim.tv_sec &&
+        it->second.mtime.tv_nsec == st.st_mtim.tv_nsec)
+        return &it->second;
+    Listing listing;
+    listing.mtime = st.st_mtim;
+    std::vector<std::string> names;
+    std::error_code ec;
+    for (const auto& entry : fs::directory_iterator(d, ec)) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    for (auto& n : names) listing.folded.emplace_back(text::Lower(n), n);
+    return &(cache[d] = std::move(listing));
+}
+
+}  // namespace
+
+std::string NormalizeSeparators(std::string_view path) {
+    std::string out(path);
+    std::replace(out.begin(), out.end(), '\\', '/');
+    return out;
+}
+
+std::string JoinPath(std::string_view dir, std::string_view name) {
+    std::string d = NormalizeSeparators(dir);
+    const std::string n = NormalizeSeparators(name);
+    if (d.empty()) return n;
+    if (!n.empty() && n.front() == '/') return n;
+    if (d.back() != '/') d += '/';
+    return d + n;
+}
+
+std::optional<std::string> ResolveCase(const std::string& dir, std::string_view name) {
+    if (name.empty()) return std::nullopt;
+    const std::string exact = JoinPath(dir, name);
+    struct stat st{};
+    if (::stat(exact.c_str(), &st) == 0) return exact;
+    const Listing* listing = ListingOf(NormalizeSeparators(dir));
+    if (!listing) return std::nullopt;
+    const std::string key = text::Lower(name);
+    for (const auto& [folded, real] : listing->folded)
+        if (folded == key) return JoinPath(dir, real);
+    return std::nullopt;
+}
+
+std::optional<std::string> ResolvePath(std::string_view path) {
+    const std::string p = NormalizeSeparators(path);
+    const auto slash = p.find_last_of('/');
+    if (slash == std::string::npos) return ResolveCase("", p);
+    const std::string dir = slash == 0 ? "/" : p.substr(0, slash);
+    return ResolveCase(dir, std::string_view(p).substr(slash + 1));
+}
+
+std::string ResolveForWrite(std::string_view path) {
+    if (auto found = ResolvePath(path)) return *found;
+    return NormalizeSeparators(path);
+}
+
+bool IsDirectory(std::string_view path) {
+    struct stat st{};
+    return ::stat(NormalizeSeparators(path).c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
+bool IsRegularFile(std::string_view path) {
+    struct stat st{};
+    return ::stat(NormalizeSeparators(path).c_str(), &st) == 0 && S_ISREG(st.st_mode);
+}
+
+double FileDate(std::string_view path) {
+    const auto found = ResolvePath(path);
+    if (!found) return 0.0;
+    struct stat st{};
+    if (::stat(found->c_str(), &st) != 0) return 0.0;
+    std::tm local{};
+    const time_t secs = st.st_mtim.tv_sec;
+    localtime_r(&secs, &local);
+    const double localSeconds = double(secs) + double(local.tm_gmtoff) + double(st.st_mtim.tv_nsec) * 1e-9;
+    return localSeconds / 86400.0 + 25569.0;  // 1970-01-01 is day 25569 of the classic count
+}
+
+std::optional<std::string> ReadFileBytes(std::string_view path) {
+    std::ifstream in(NormalizeSeparators(path), std::ios::binary);
+    if (!in) return std::nullopt;
+    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (in.bad()) return std::nullopt;
+    return bytes;
+}
+
+bool WriteFileSafely(std::string_view path, std::string_view bytes) {
+    const std::string target = ResolveForWrite(path);
+    const std::string temp = target + ".halvo-tmp";
+    {
+        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
+        if (!out) return false;
+        out.write(bytes.data(), std::streamsize(bytes.size()));
+        out.flush();
+        if (!out) {
+            out.close();
+            std::remove(temp.c_str());
+            return false;
+        }
+    }
+    std::error_code ec;
+    if (fs::is_regular_file(target, ec)) {
+        fs::copy_file(target, target + "~", fs::copy_options::overwrite_existing, ec);
+        if (ec) {
+            std::remove(temp.c_str());
+            return false;
+        }
+    }
+    if (std::rename(temp.c_str(), target.c_str()) != 0) {
+        std::remove(temp.c_str());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace halvo::platform
