@@ -1,0 +1,27 @@
+#pragma once
+// Start-up and close of a session: where the engine and the working directory are, the first state
+// of the batch, and what is remembered for the next session.
+#include <string>
+
+#include "session/session.h"
+
+namespace halvo {
+
+struct StartupEnvironment {
+    std::string pathVKS;  // the PATHVKS environment variable ("" when unset)
+};
+
+// The start-up steps, in order: warnings on, the engine directory from PATHVKS or else the stored
+// "path", the working directory from the stored "filepath" (dropped with "Please change" when it is no
+// directory), one empty sample, and warnings on again at the end when they were not silenced for good.
+// s.settings must be set.
+void StartSession(Session& s, const StartupEnvironment& env);
+
+// The title of the frame window: "Halvo v" + version, the revision text and the engine version when one
+// is known.
+std::string FrameTitle(const Session& s, const std::string& revisionText = "");
+
+// On unload: store the working directory and the data format when asked to.
+void StoreSettingsOnExit(Session& s);
+
+}  // namespace halvo
