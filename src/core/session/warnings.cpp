@@ -8,7 +8,7 @@ int MsgBox(Session& s, const std::string& text, int buttons, const std::string& 
 }
 
 // The arithmetic is kept as the program has always done it: 0 becomes OK+Cancel, every other set gets
-// bit 0 (so 48 becomes 49, and YesNo+Question becomes YesNoCancel+Question); only a plain YesNo
+// bit 0 (so 48 becomes 49, and YesNo+Question becomes RetryCancel+Question); only a plain YesNo
 // stays, with a two-blank suffix so that it cannot silence anything. With warnings off nothing is
 // shown and `buttons` keeps that adjusted value, which callers test as the answer.
 void WarningBox(Session& s, const std::string& text, const std::string& title, int& buttons, std::string& suffix) {
