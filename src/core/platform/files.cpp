@@ -9,6 +9,7 @@
 #include <fstream>
 #include <map>
 #include <system_error>
+#include <unordered_map>
 #include <vector>
 
 #include "text/tokens.h"
@@ -18,7 +19,7 @@ namespace {
 
 struct Listing {
     timespec mtime{};
-    std::vector<std::pair<std::string, std::string>> folded;  // (lower-case name, name), sorted by name
+    std::unordered_map<std::string, std::string> folded;  // lower-case name -> first name in sorted order
 };
 
 // One cache for the process: it only spares repeated directory scans and never changes an answer,
@@ -43,7 +44,7 @@ const Listing* ListingOf(const std::string& dir) {
     std::error_code ec;
     for (const auto& entry : fs::directory_iterator(d, ec)) names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
-    for (auto& n : names) listing.folded.emplace_back(text::Lower(n), n);
+    for (auto& n : names) listing.folded.emplace(text::Lower(n), n);  // emplace keeps the first
     return &(cache[d] = std::move(listing));
 }
 
@@ -64,30 +65,57 @@ std::string JoinPath(std::string_view dir, std::string_view name) {
     return d + n;
 }
 
-std::optional<std::string> ResolveCase(const std::string& dir, std::string_view name) {
+namespace {
+
+// Finds `name` in `dir` as ResolveCase does and fills `st` for the file found: one stat for a name
+// spelled as on disk, a cached listing for the others.
+std::optional<std::string> Find(const std::string& dir, std::string_view name, struct stat& st) {
     if (name.empty()) return std::nullopt;
-    const std::string exact = JoinPath(dir, name);
-    struct stat st{};
+    std::string exact = JoinPath(dir, name);
     if (::stat(exact.c_str(), &st) == 0) return exact;
     const Listing* listing = ListingOf(NormalizeSeparators(dir));
     if (!listing) return std::nullopt;
-    const std::string key = text::Lower(name);
-    for (const auto& [folded, real] : listing->folded)
-        if (folded == key) return JoinPath(dir, real);
-    return std::nullopt;
+    const auto it = listing->folded.find(text::Lower(name));
+    if (it == listing->folded.end()) return std::nullopt;
+    std::string found = JoinPath(dir, it->second);
+    if (::stat(found.c_str(), &st) != 0) return std::nullopt;
+    return found;
+}
+
+std::optional<std::string> FindPath(std::string_view path, struct stat& st) {
+    const std::string p = NormalizeSeparators(path);
+    const auto slash = p.find_last_of('/');
+    if (slash == std::string::npos) return Find("", p, st);
+    return Find(slash == 0 ? "/" : p.substr(0, slash), std::string_view(p).substr(slash + 1), st);
+}
+
+}  // namespace
+
+std::optional<std::string> ResolveCase(const std::string& dir, std::string_view name) {
+    struct stat st{};
+    return Find(dir, name, st);
 }
 
 std::optional<std::string> ResolvePath(std::string_view path) {
-    const std::string p = NormalizeSeparators(path);
-    const auto slash = p.find_last_of('/');
-    if (slash == std::string::npos) return ResolveCase("", p);
-    const std::string dir = slash == 0 ? "/" : p.substr(0, slash);
-    return ResolveCase(dir, std::string_view(p).substr(slash + 1));
+    struct stat st{};
+    return FindPath(path, st);
 }
 
 std::string ResolveForWrite(std::string_view path) {
     if (auto found = ResolvePath(path)) return *found;
     return NormalizeSeparators(path);
+}
+
+double LookupMemo::fileDate(const std::string& path) {
+    auto [it, fresh] = dates_.try_emplace(path, 0.0);
+    if (fresh) it->second = FileDate(path);
+    return it->second;
+}
+
+bool LookupMemo::exists(const std::string& dir, const std::string& name) {
+    auto [it, fresh] = present_.try_emplace(name, false);
+    if (fresh) it->second = ResolveCase(dir, name).has_value();
+    return it->second;
 }
 
 bool IsDirectory(std::string_view path) {
@@ -101,10 +129,8 @@ bool IsRegularFile(std::string_view path) {
 }
 
 double FileDate(std::string_view path) {
-    const auto found = ResolvePath(path);
-    if (!found) return 0.0;
     struct stat st{};
-    if (::stat(found->c_str(), &st) != 0) return 0.0;
+    if (!FindPath(path, st)) return 0.0;
     std::tm local{};
     const time_t secs = st.st_mtim.tv_sec;
     localtime_r(&secs, &local);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace halvo::platform {
 
@@ -22,6 +23,18 @@ std::optional<std::string> ResolveCase(const std::string& dir, std::string_view 
 std::optional<std::string> ResolvePath(std::string_view path);
 // Where to write `path`: an existing file whose name differs only in case is rewritten.
 std::string ResolveForWrite(std::string_view path);
+
+// Remembers lookups for the length of one routine, for files a batch names many times over (the
+// same geometry for hundreds of spectra). Not for keeping across routines: files come and go.
+class LookupMemo {
+public:
+    double fileDate(const std::string& path);
+    bool exists(const std::string& dir, const std::string& name);
+
+private:
+    std::unordered_map<std::string, double> dates_;
+    std::unordered_map<std::string, bool> present_;
+};
 
 bool IsDirectory(std::string_view path);
 bool IsRegularFile(std::string_view path);

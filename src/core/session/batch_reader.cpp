@@ -32,18 +32,20 @@ std::int16_t VerbosityOf(const std::string& token, bool keepSign) {
     return std::int16_t(text::CLng(v) % 4);
 }
 
-void ReadHeadFields(Session& s, Sample& sample, std::string& rest, const std::string& separator, bool keepSign) {
+void ReadHeadFields(Session& s, platform::LookupMemo& memo, Sample& sample, std::string& rest,
+                    const std::string& separator, bool keepSign) {
     SpectrumEntry& head = sample.Spectra[0];
     head.GeometryFile = NextToken(rest, separator);
-    head.GeometryDate = platform::FileDate(InWorkDir(s, head.GeometryFile + ".geo"));
+    head.GeometryDate = memo.fileDate(InWorkDir(s, head.GeometryFile + ".geo"));
     sample.Structure = NextToken(rest, separator);
-    sample.StructureDate = platform::FileDate(InWorkDir(s, sample.Structure + ".str"));
+    sample.StructureDate = memo.fileDate(InWorkDir(s, sample.Structure + ".str"));
     sample.Verbosity = VerbosityOf(NextToken(rest, separator), keepSign);
     sample.AllAssociated = true;
 }
 
 // Steps 6 to 9 of the read: the lines of the file into the samples.
 void ReadSamples(Session& s, const std::string& bytes) {
+    platform::LookupMemo memo;
     text::LineReader reader(bytes);
     std::string line;
     std::string separator;
@@ -58,7 +60,7 @@ void ReadSamples(Session& s, const std::string& bytes) {
         head.DataFile = NextToken(rest, separator);
         head.DataFileDate = platform::FileDate(InWorkDir(s, head.DataFile));
         head.Charge = ReadCharge(rest, separator, line);
-        ReadHeadFields(s, first, rest, separator, true);
+        ReadHeadFields(s, memo, first, rest, separator, true);
     }
 
     std::int16_t n = 1;
@@ -73,7 +75,7 @@ void ReadSamples(Session& s, const std::string& bytes) {
         entry.Charge = ReadCharge(rest, separator, line);
         if (text::CountTokens(rest, separator) < 2) {
             entry.GeometryFile = rest;
-            entry.GeometryDate = platform::FileDate(InWorkDir(s, entry.GeometryFile));
+            entry.GeometryDate = memo.fileDate(InWorkDir(s, entry.GeometryFile));
             entry.LinkTo = 0;
             entry.LinkKind = ' ';
             sample->Spectra[size_t(n)] = entry;
@@ -86,11 +88,11 @@ void ReadSamples(Session& s, const std::string& bytes) {
             next.Spectra.assign(2, SpectrumEntry{});
             next.Spectra[0] = entry;
             n = 1;
-            ReadHeadFields(s, next, rest, separator, false);
+            ReadHeadFields(s, memo, next, rest, separator, false);
             next.Shown = {true, true, true};
         } else {
             entry.GeometryFile = NextToken(rest, separator);
-            entry.GeometryDate = platform::FileDate(InWorkDir(s, entry.GeometryFile + ".geo"));
+            entry.GeometryDate = memo.fileDate(InWorkDir(s, entry.GeometryFile + ".geo"));
             const std::string link = NextToken(rest, separator);
             entry.LinkKind = link.empty() ? ' ' : link.front();
             entry.LinkTo = link.size() > 2 ? text::CInt(text::Val(link.substr(1, link.size() - 2))) : 0;

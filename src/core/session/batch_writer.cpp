@@ -30,9 +30,6 @@ char ClosingBracket(char open) {
     }
 }
 
-bool Present(const Session& s, const std::string& name) {
-    return !name.empty() && platform::ResolveCase(s.FilePath, name).has_value();
-}
 
 }  // namespace
 
@@ -80,6 +77,8 @@ void SaveBatchFile(Session& s) {
         return true;
     };
 
+    platform::LookupMemo memo;
+    auto Present = [&](const Session& s, const std::string& name) { return !name.empty() && memo.exists(s.FilePath, name); };
     bool stopped = false;
     for (int i = 1; i <= s.NSamples && !stopped; ++i) {
         Sample& sample = s.Samples[size_t(i)];
