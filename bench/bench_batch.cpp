@@ -14,6 +14,7 @@ struct LargeBatch {
     std::string dir;
     LargeBatch() {
         dir = (std::filesystem::temp_directory_path() / "halvo-bench-batch").string();
+        if (std::filesystem::exists(dir + "/complete")) return;  // made by an earlier run
         std::filesystem::remove_all(dir);
         std::filesystem::create_directories(dir);
         std::ofstream spc(dir + "/big.spc", std::ios::binary);
@@ -37,6 +38,8 @@ struct LargeBatch {
         spc.close();
         std::ofstream txt(dir + "/big.txt", std::ios::binary);
         for (int s = 0; s < 2002; ++s) txt << "comment " << s << "\r\n###########################\r\n";
+        txt.close();
+        std::ofstream(dir + "/complete") << "";
     }
 };
 

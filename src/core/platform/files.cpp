@@ -17,35 +17,39 @@
 namespace halvo::platform {
 namespace {
 
-struct Listing {
+}  // namespace
+
+struct DirListing {
     timespec mtime{};
     std::unordered_map<std::string, std::string> folded;  // lower-case name -> first name in sorted order
 };
 
+namespace {
+
 // One cache for the process: it only spares repeated directory scans and never changes an answer,
 // since a listing is dropped as soon as its directory's time stamp moves.
-std::map<std::string, Listing>& Cache() {
-    static std::map<std::string, Listing> cache;
+std::map<std::string, std::shared_ptr<const DirListing>>& Cache() {
+    static std::map<std::string, std::shared_ptr<const DirListing>> cache;
     return cache;
 }
 
-const Listing* ListingOf(const std::string& dir) {
+std::shared_ptr<const DirListing> ListingOf(const std::string& dir) {
     struct stat st{};
     const std::string d = dir.empty() ? "." : dir;
     if (::stat(d.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) return nullptr;
     auto& cache = Cache();
     auto it = cache.find(d);
-    if (it != cache.end() && it->second.mtime.tv_sec == st.st_mtim.tv_sec &&
-        it->second.mtime.tv_nsec == st.st_mtim.tv_nsec)
-        return &it->second;
-    Listing listing;
-    listing.mtime = st.st_mtim;
+    if (it != cache.end() && it->second->mtime.tv_sec == st.st_mtim.tv_sec &&
+        it->second->mtime.tv_nsec == st.st_mtim.tv_nsec)
+        return it->second;
+    auto listing = std::make_shared<DirListing>();
+    listing->mtime = st.st_mtim;
     std::vector<std::string> names;
     std::error_code ec;
     for (const auto& entry : fs::directory_iterator(d, ec)) names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
-    for (auto& n : names) listing.folded.emplace(text::Lower(n), n);  // emplace keeps the first
-    return &(cache[d] = std::move(listing));
+    for (auto& n : names) listing->folded.emplace(text::Lower(n), n);  // emplace keeps the first
+    return cache[d] = std::move(listing);
 }
 
 }  // namespace
@@ -57,12 +61,14 @@ std::string NormalizeSeparators(std::string_view path) {
 }
 
 std::string JoinPath(std::string_view dir, std::string_view name) {
-    std::string d = NormalizeSeparators(dir);
-    const std::string n = NormalizeSeparators(name);
-    if (d.empty()) return n;
-    if (!n.empty() && n.front() == '/') return n;
-    if (d.back() != '/') d += '/';
-    return d + n;
+    if (dir.empty() || (!name.empty() && (name.front() == '/' || name.front() == '\\'))) return NormalizeSeparators(name);
+    std::string out;
+    out.reserve(dir.size() + name.size() + 1);
+    out.append(dir);
+    if (out.back() != '/' && out.back() != '\\') out += '/';
+    out.append(name);
+    std::replace(out.begin(), out.end(), '\\', '/');
+    return out;
 }
 
 namespace {
@@ -73,7 +79,7 @@ std::optional<std::string> Find(const std::string& dir, std::string_view name, s
     if (name.empty()) return std::nullopt;
     std::string exact = JoinPath(dir, name);
     if (::stat(exact.c_str(), &st) == 0) return exact;
-    const Listing* listing = ListingOf(NormalizeSeparators(dir));
+    const auto listing = ListingOf(NormalizeSeparators(dir));
     if (!listing) return std::nullopt;
     const auto it = listing->folded.find(text::Lower(name));
     if (it == listing->folded.end()) return std::nullopt;
@@ -83,7 +89,9 @@ std::optional<std::string> Find(const std::string& dir, std::string_view name, s
 }
 
 std::optional<std::string> FindPath(std::string_view path, struct stat& st) {
-    const std::string p = NormalizeSeparators(path);
+    std::string p(path);
+    std::replace(p.begin(), p.end(), '\\', '/');
+    if (!p.empty() && ::stat(p.c_str(), &st) == 0) return p;  // spelled as on disk: the usual case
     const auto slash = p.find_last_of('/');
     if (slash == std::string::npos) return Find("", p, st);
     return Find(slash == 0 ? "/" : p.substr(0, slash), std::string_view(p).substr(slash + 1), st);
@@ -113,9 +121,9 @@ double LookupMemo::fileDate(const std::string& path) {
 }
 
 bool LookupMemo::exists(const std::string& dir, const std::string& name) {
-    auto [it, fresh] = present_.try_emplace(name, false);
-    if (fresh) it->second = ResolveCase(dir, name).has_value();
-    return it->second;
+    auto [it, fresh] = listings_.try_emplace(dir);
+    if (fresh) it->second = ListingOf(NormalizeSeparators(dir));
+    return it->second && it->second->folded.count(text::Lower(name)) > 0;
 }
 
 bool IsDirectory(std::string_view path) {

@@ -3,6 +3,7 @@
 // their case, dates are the classic day counts, and a user's file is never overwritten without its
 // previous contents kept beside it as "<name>~".
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,8 @@ std::string ResolveForWrite(std::string_view path);
 
 // Remembers lookups for the length of one routine, for files a batch names many times over (the
 // same geometry for hundreds of spectra). Not for keeping across routines: files come and go.
+// Existence is answered from one listing of the directory taken at the first question.
+struct DirListing;
 class LookupMemo {
 public:
     double fileDate(const std::string& path);
@@ -33,7 +36,7 @@ public:
 
 private:
     std::unordered_map<std::string, double> dates_;
-    std::unordered_map<std::string, bool> present_;
+    std::unordered_map<std::string, std::shared_ptr<const DirListing>> listings_;
 };
 
 bool IsDirectory(std::string_view path);

@@ -78,7 +78,7 @@ void ReadSamples(Session& s, const std::string& bytes) {
             entry.GeometryDate = memo.fileDate(InWorkDir(s, entry.GeometryFile));
             entry.LinkTo = 0;
             entry.LinkKind = ' ';
-            sample->Spectra[size_t(n)] = entry;
+            sample->Spectra[size_t(n)] = std::move(entry);
             n = text::Add16(n, 1);
         } else if (rest.find_first_of("<[({") == std::string::npos) {
             sample->NSpectra = n;
@@ -86,7 +86,7 @@ void ReadSamples(Session& s, const std::string& bytes) {
             s.Samples.resize(size_t(s.NSamples) + 2);
             Sample& next = s.Samples[size_t(s.NSamples)];
             next.Spectra.assign(2, SpectrumEntry{});
-            next.Spectra[0] = entry;
+            next.Spectra[0] = std::move(entry);
             n = 1;
             ReadHeadFields(s, memo, next, rest, separator, false);
             next.Shown = {true, true, true};
@@ -96,7 +96,7 @@ void ReadSamples(Session& s, const std::string& bytes) {
             const std::string link = NextToken(rest, separator);
             entry.LinkKind = link.empty() ? ' ' : link.front();
             entry.LinkTo = link.size() > 2 ? text::CInt(text::Val(link.substr(1, link.size() - 2))) : 0;
-            sample->Spectra[size_t(n)] = entry;
+            sample->Spectra[size_t(n)] = std::move(entry);
             n = text::Add16(n, 1);
         }
     }
