@@ -124,7 +124,13 @@ const Register save{{"batch-save", "FILE.spc [NEW.spc]",
                          }
                          if (c.json) c.putString("title", s.MainTitle);
                          else std::cout << s.MainTitle << "\n";
-                         return step == SaveStep::Done && c.messages.shown().size() == before ? kOk : kFailed;
+                         // Questions answered OK are part of a save; a report or a Cancel means it failed.
+                         bool reported = false;
+                         for (size_t m = before; m < c.messages.shown().size(); ++m) {
+                             const auto& [msg, answer] = c.messages.shown()[m];
+                             if ((msg.buttons & 7) == mb::OKOnly || answer == mb::Cancel) reported = true;
+                         }
+                         return step == SaveStep::Done && !reported ? kOk : kFailed;
                      }}};
 
 const Register names{{"names", "BATCHNAME SAMPLE SPECTRUM [NSAMPLES NSPECTRA]",

@@ -21,4 +21,3 @@ same() { cmp "$1" "$2" || { echo "differs: $1 vs $2"; diff <(od -c "$1") <(od -c
 # has FILE TEXT: FILE holds TEXT literally.
 has() { grep -qF -- "$2" "$1" || { echo "missing in $1: $2"; echo "--- $1:"; cat "$1"; exit 1; }; }
 source "$CASE"
-echo "1 passed, 0 failed"
