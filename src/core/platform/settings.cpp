@@ -19,7 +19,11 @@ std::string IniSettings::DefaultPath() {
     } else {
         base = ".";
     }
-    return base + "/Halvo/App.conf";
+    // "SOFTWARE\Halvo\App" becomes Halvo/App.conf, where the program's own settings live.
+    const std::string key = kSettingsKey;
+    const auto last = key.find_last_of('\\');
+    const auto before = key.find_last_of('\\', last - 1);
+    return base + "/" + key.substr(before + 1, last - before - 1) + "/" + key.substr(last + 1) + ".conf";
 }
 
 IniSettings::IniSettings(std::string path) : path_(std::move(path)) {

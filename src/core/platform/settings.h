@@ -7,6 +7,9 @@
 
 namespace halvo::platform {
 
+// The key of the four values in the classic per-user store; its last two parts name the settings file.
+inline constexpr const char* kSettingsKey = "SOFTWARE\\Halvo\\App";
+
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;

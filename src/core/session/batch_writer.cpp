@@ -41,10 +41,9 @@ void SaveBatchFile(Session& s) {
     }
     const std::string fileName = text::FileNameOf(s.dlg_FileName);
     if (s.Geometry.Syntax < 2 && !IsShortName(fileName)) {
-        MsgBox(s,
-               fileName + " is a non DOS name which is not allowed (must be ????????.???, no spaces). Please use "
-                          "another name",
-               mb::OKOnly, kSaveTitle);
+        // clang-format off
+        MsgBox(s, fileName + " is a non DOS name which is not allowed (must be ????????.???, no spaces). Please use another name", mb::OKOnly, kSaveTitle);
+        // clang-format on
         return;
     }
     std::string extension;

@@ -7,6 +7,8 @@
 #include "platform/files.h"
 #include "platform/settings.h"
 #include "session/main_view.h"
+#include "text/numbers.h"
+#include "text/tokens.h"
 
 namespace halvo {
 
@@ -40,11 +42,49 @@ void StartSession(Session& s, const StartupEnvironment& env) {
     s.lists.List6 = s.FilePath;
 
     s.VKSverSyn = -1;
+    s.WarningsFlag = true;
+    if (!FileExists(s, s.FilePath + "/", -1)) {
+        MsgBox(s, s.FilePath + " apparently doesn't exist!  Not attempting to open VKS.BAT", mb::OKOnly | mb::Critical,
+               "VKScontrol.Form_load");
+    }
     if (s.WarningsAsked) SetWarningsFlag(s, true);
     MarkSaved(s, s.UnsavedMark.empty());
     s.WarningsAsked = true;
     s.Starting = false;
     ShowSample(s);
+}
+
+std::string SetEngineVersion(Session& s, const std::string& versionLine) {
+    s.VKSlongver = versionLine;
+    std::string rest = versionLine;
+    const std::string separator;
+    text::NextToken(rest, separator);
+    s.VKSshortver = text::NextToken(rest, separator);
+    const std::string& v = s.VKSshortver;
+
+    // The major number is the first digit after the "v".
+    const auto vpos = text::Lower(v).find('v');
+    const auto digit = vpos == std::string::npos ? std::string::npos : v.find_first_of("0123456789", vpos);
+    s.VKSversion = digit == std::string::npos ? 0 : std::int16_t(v[digit] - '0');
+    int number = s.VKSversion * 1000;
+    const auto dot = v.find('.');
+    if (dot != std::string::npos) {
+        std::string minor = v.substr(dot + 1);
+        while (!minor.empty() && !text::IsNumeric(minor)) minor.pop_back();
+        if (!minor.empty()) number += 100 * int(text::Val(minor));
+    }
+    if (!v.empty()) {
+        const char last = text::Upper(v.substr(v.size() - 1))[0];
+        if (last >= 'A' && last <= 'Z') number += last - 'A' + 1;
+    }
+    s.VKSversionNumber = text::CInt(number);
+
+    if (text::Lower(rest).starts_with("rev:")) {
+        std::string after = rest.substr(4);
+        const std::string revision = text::NextToken(after, separator);
+        return " (rev: " + revision + ")";
+    }
+    return "";
 }
 
 std::string FrameTitle(const Session& s, const std::string& revisionText) {

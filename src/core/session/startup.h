@@ -17,6 +17,11 @@ struct StartupEnvironment {
 // s.settings must be set.
 void StartSession(Session& s, const StartupEnvironment& env);
 
+// Takes the engine's version line (the first output line holding "VKS v"): VKSlongver, VKSshortver,
+// VKSversion and VKSversionNumber (9.3g gives 9307). Returns the revision text for the title,
+// " (rev: N)", or "".
+std::string SetEngineVersion(Session& s, const std::string& versionLine);
+
 // The title of the frame window: "Halvo v" + version, the revision text and the engine version when one
 // is known.
 std::string FrameTitle(const Session& s, const std::string& revisionText = "");
