@@ -17,6 +17,7 @@ namespace {
 // name has none, in which case --workdir is used.
 bool Open(Context& c, const std::string& path) {
     const std::string full = path.find_first_of("\\/") == std::string::npos ? platform::JoinPath(c.workDir, path) : path;
+    mnuOpenBatch_Click(c.session);
     OpenBatchFile(c.session, full);
     return !c.session.lists.Combo1.items.empty();
 }

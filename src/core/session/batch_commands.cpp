@@ -64,6 +64,11 @@ void DLG_Save_batch_OK(Session& s, const std::string& name) {
 
 void DLG_Save_batch_Cancel(Session& s) { s.dlg_FileName.clear(); }
 
+void mnuOpenBatch_Click(Session& s) {
+    s.ResetSamples = true;
+    NewBatch(s);
+}
+
 void OpenBatchFile(Session& s, const std::string& path) {
     if (path.empty()) return;
     const std::string normal = platform::NormalizeSeparators(path);

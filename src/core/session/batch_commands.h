@@ -17,7 +17,10 @@ SaveStep mnuSaveBatch_Click(Session& s);
 void DLG_Save_batch_OK(Session& s, const std::string& name);
 void DLG_Save_batch_Cancel(Session& s);
 
-// After the open dialog: `path` is the chosen *.spc. Its directory becomes the working directory.
+// Opening a batch empties the current one before the file dialog is shown (so a cancelled dialog
+// leaves an empty batch); OpenBatchFile then takes the chosen *.spc, whose directory becomes the
+// working directory.
+void mnuOpenBatch_Click(Session& s);
 void OpenBatchFile(Session& s, const std::string& path);
 
 }  // namespace halvo
