@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "geometry/geometry_record.h"
+#include "sample/element_table.h"
+#include "sample/logical_element.h"
 #include "session/messages.h"
 
 namespace halvo {
@@ -113,6 +115,9 @@ struct Session {
     std::int16_t VKSversionNumber = 0;
     std::int16_t VKSverSyn = -1;
     GeometryRecord Geometry;
+    DataTables Tables;              // isotopes.dat, pscoef.dat, compound.dat of PathVKS
+    std::int16_t AnalysisKind = 0;  // set by assignZA for the special particles
+    StructureRecord Structure;      // the current sample's structure
 
     MainLists lists;
     std::string MainTitleBase = "VKScontrol";  // the main window's title as it stood at start

@@ -9,7 +9,8 @@ namespace halvo {
 
 class RuntimeFault : public std::runtime_error {
 public:
-    enum Code { Overflow = 6, SubscriptOutOfRange = 9, DivisionByZero = 11, TypeMismatch = 13 };
+    enum Code { Overflow = 6, SubscriptOutOfRange = 9, DivisionByZero = 11, TypeMismatch = 13, InputPastEnd = 62,
+                FileAccess = 75 };
     RuntimeFault(Code code, const std::string& what) : std::runtime_error(what), code_(code) {}
     Code code() const { return code_; }
 
@@ -20,6 +21,9 @@ private:
 [[noreturn]] inline void RaiseOverflow() { throw RuntimeFault(RuntimeFault::Overflow, "Overflow"); }
 [[noreturn]] inline void RaiseSubscript() {
     throw RuntimeFault(RuntimeFault::SubscriptOutOfRange, "Subscript out of range");
+}
+[[noreturn]] inline void RaiseInputPastEnd() {
+    throw RuntimeFault(RuntimeFault::InputPastEnd, "Input past end of file");
 }
 
 }  // namespace halvo
