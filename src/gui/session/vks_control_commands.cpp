@@ -9,7 +9,6 @@
 #include "gui/session/vks_control_texts.h"
 #include "gui/widgets/file_filter.h"
 #include "session/batch_commands.h"
-#include "session/batch_file.h"
 #include "session/main_view.h"
 
 namespace halvo::gui {
@@ -19,11 +18,7 @@ void VksControl::openBatch(const QString& path) {
 }
 
 void VksControl::mnuOpenBatch_Click() {
-    // The batch is emptied first, as New does; the running-engine question belongs to engine control.
-    run([&] {
-        s_.ResetSamples = true;
-        NewBatch(s_);
-    });
+    run([&] { halvo::mnuOpenBatch_Click(s_); });
 
     QFileDialog dialog(this);
     dialog.setObjectName(QStringLiteral("OpenBatchDialog"));
