@@ -6,13 +6,14 @@
 #include "halvo/version.h"
 #include "platform/files.h"
 #include "platform/settings.h"
+#include "sample/element_table.h"
 #include "session/main_view.h"
 #include "text/numbers.h"
 #include "text/tokens.h"
 
 namespace halvo {
 
-void StartSession(Session& s, const StartupEnvironment& env) {
+bool StartSession(Session& s, const StartupEnvironment& env) {
     SetWarningsFlag(s, true);
     s.Starting = true;
 
@@ -41,6 +42,12 @@ void StartSession(Session& s, const StartupEnvironment& env) {
     }
     s.lists.List6 = s.FilePath;
 
+    // The data tables of the engine directory; Cancel in a load error ends the program.
+    if (!LoadElementTables(s)) {
+        s.Starting = false;
+        return false;
+    }
+
     s.VKSverSyn = -1;
     s.WarningsFlag = true;
     if (!FileExists(s, s.FilePath + "/", -1)) {
@@ -52,6 +59,7 @@ void StartSession(Session& s, const StartupEnvironment& env) {
     s.WarningsAsked = true;
     s.Starting = false;
     ShowSample(s);
+    return true;
 }
 
 std::string SetEngineVersion(Session& s, const std::string& versionLine) {

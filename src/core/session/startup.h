@@ -14,8 +14,9 @@ struct StartupEnvironment {
 // The start-up steps, in order: warnings on, the engine directory from PATHVKS or else the stored
 // "path", the working directory from the stored "filepath" (dropped with "Please change" when it is no
 // directory), one empty sample, and warnings on again at the end when they were not silenced for good.
-// s.settings must be set.
-void StartSession(Session& s, const StartupEnvironment& env);
+// s.settings must be set. The data tables are loaded from PathVKS; returns false when the user chose
+// Cancel at a table's load error, which ends the program.
+bool StartSession(Session& s, const StartupEnvironment& env);
 
 // Takes the engine's version line (the first output line holding "VKS v"): VKSlongver, VKSshortver,
 // VKSversion and VKSversionNumber (9.3g gives 9307). Returns the revision text for the title,
