@@ -1,0 +1,58 @@
+// Feeds arbitrary bytes to the formula file checker as the file's contents, answering the boxes with
+// OK or Cancel as the first byte's bits say, and checks what must always hold of a result.
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "sample/formula_file.h"
+#include "session/session.h"
+#include "text/fault.h"
+
+namespace {
+
+const std::string& WorkDir() {
+    static const std::string dir = [] {
+        char templ[] = "/tmp/halvo-fuzz-formula-XXXXXX";
+        const char* made = mkdtemp(templ);
+        if (!made) std::abort();
+        return std::string(made);
+    }();
+    return dir;
+}
+
+void Require(bool condition) {
+    if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    using namespace halvo;
+    const std::string dir = WorkDir();
+    {
+        std::ofstream out(dir + "/fz.txt", std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(data), std::streamsize(size));
+    }
+    const unsigned choice = size > 0 ? data[0] : 0;
+    std::vector<int> script;
+    for (int bit = 0; bit < 8; ++bit) script.push_back(choice >> bit & 1 ? mb::Cancel : mb::OK);
+    ScriptedAnswers answers(script);
+    Session s;
+    s.ui = &answers;
+    s.FilePath = dir;
+    try {
+        const FormulaCheck result = CheckFormulaFile(s, "FZ.TXT");
+        // Every fault is reported; a pass reports nothing.
+        Require(result.passes == answers.transcript().empty());
+        Require(result.parameters >= 0 && result.parameters <= 10);
+        // Only a Cancel stops a check early, and nothing is asked after it.
+        if (result.cancelled) Require(answers.transcript().back().answer == mb::Cancel);
+        for (const auto& item : result.items) Require(!item.empty() && ClassifyItem(item) >= -1);
+    } catch (const RuntimeFault&) {
+        // An empty file or a number out of range: the caller's trap.
+    }
+    return 0;
+}
