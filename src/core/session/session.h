@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "engine/technical_record.h"
 #include "geometry/geometry_record.h"
 #include "sample/element_table.h"
 #include "sample/logical_element.h"
+#include "sample/profile_record.h"
 #include "session/messages.h"
 
 namespace halvo {
@@ -110,6 +112,8 @@ struct Session {
     bool VerbosityAllSame = true;
     bool SaveSettingsOnExit = false;
     bool OverwriteAsk = false;
+    TechnicalRecord TCNdummy;  // what the technical file and the command line are written from
+    TechnicalRecord Techen;    // what the set-up windows show
     std::int16_t VKSversion = 0;
     std::string VKSlongver, VKSshortver;
     std::int16_t VKSversionNumber = 0;
@@ -118,6 +122,7 @@ struct Session {
     DataTables Tables;              // isotopes.dat, pscoef.dat, compound.dat of PathVKS
     std::int16_t AnalysisKind = 0;  // set by assignZA for the special particles
     StructureRecord Structure;      // the current sample's structure
+    ProfileRecord Profile;          // the last good read of a profile
 
     MainLists lists;
     std::string MainTitleBase = "VKScontrol";  // the main window's title as it stood at start
