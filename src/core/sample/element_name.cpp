@@ -31,16 +31,17 @@ void Refuse(std::int16_t& Z, float& Mass, std::int16_t& A, std::int16_t& Failed)
 
 void assignZA(Session& s, std::string& Name, std::int16_t& Z, float& Mass, std::int16_t& A, std::int16_t& Failed,
               ElementSelection& Selection, std::int16_t& AnalysisKind) {
-    Name = text::Trim(Name);
-    if (Name == "nn" || Name == "NN" || Name == "neutron")
+    if (!Name.empty() && (Name.front() == ' ' || Name.back() == ' ')) Name = text::Trim(Name);
+    const std::string_view n = Name;
+    if (n == "nn" || n == "NN" || n == "neutron")
         Name = "NN";
-    else if (Name == "X-ray" || Name == "x" || Name == "X")
+    else if (n == "X-ray" || n == "x" || n == "X")
         Name = "X";
-    else if (Name == "gamma" || Name == "g")
+    else if (n == "gamma" || n == "g")
         Name = "G";
-    else if (Name == "T")
+    else if (n == "T")
         Name = "3H";
-    else if (Name == "MB" || Name == "mb" || Name == "Mb" || Name == "mB") {
+    else if (n == "MB" || n == "mb" || n == "Mb" || n == "mB") {
         Name = "MB";
         Z = 0;
         Mass = 0;

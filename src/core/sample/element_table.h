@@ -61,10 +61,9 @@ inline constexpr std::int16_t Neutron = 3, XRay = 4, Gamma = 5, MB = 6;
 }
 
 // Two characters per element from Z = 1, one-letter symbols padded; goes on past the table to Z = 111.
-inline constexpr std::string_view kElementSymbols =
-    "H HeLiBeB C N O F NeNaMgAlSiP S ClArK CaScTiV CrMnFeCoNiCuZnGaGeAsSeBrKrRbSrY ZrNbMoTcRuRhPdAgCdInSnSbTeI "
-    "XeCsBaLaCePrNdPmSmEuGdTbDyHoErTmYbLuHfTaW ReOsIrPtAuHgTlPbBiPoAtRnFrRaAcThPaU "
-    "NpPuAmCmBkCfEsFmMdNoLrRfDbSgBhHsMtDsRg";
+// clang-format off
+inline constexpr std::string_view kElementSymbols = "H HeLiBeB C N O F NeNaMgAlSiP S ClArK CaScTiV CrMnFeCoNiCuZnGaGeAsSeBrKrRbSrY ZrNbMoTcRuRhPdAgCdInSnSbTeI XeCsBaLaCePrNdPmSmEuGdTbDyHoErTmYbLuHfTaW ReOsIrPtAuHgTlPbBiPoAtRnFrRaAcThPaU NpPuAmCmBkCfEsFmMdNoLrRfDbSgBhHsMtDsRg";
+// clang-format on
 inline constexpr std::string_view kSpecialParticles = "D NnX G ";
 inline constexpr float kNeutronMass = 1.0086649656f;
 

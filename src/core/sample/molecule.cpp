@@ -50,15 +50,32 @@ std::string MoleculeErrorText(std::int32_t Code) {
     return out;
 }
 
+// Every field is cleared; the arrays keep their storage, which spares the parser most of its
+// allocations when a record is parsed into again.
 void EmptyMol(Molecule& Mol, const std::vector<std::int16_t>& Counts) {
-    Mol = Molecule{};
     Mol.SubCount = std::int16_t(Counts.size());
-    Mol.SubMolecules.assign(Counts.size() + 1, SubMolecule{});
+    if (Mol.SubMolecules.size() > Counts.size() + 1) Mol.SubMolecules.resize(Counts.size() + 1);
+    Mol.SubMolecules.reserve(Counts.size() + 1);
     Mol.SubConcentrations.assign(Counts.size() + 1, 0.0f);
-    for (size_t i = 0; i < Counts.size(); ++i) {
-        Mol.SubMolecules[i + 1].resize(Counts[i]);
-        Mol.SubMolecules[i + 1].ElementCount = Counts[i];
+    for (size_t i = 0; i <= Counts.size(); ++i) {
+        const std::int16_t count = i == 0 ? std::int16_t(0) : Counts[i - 1];
+        if (i == Mol.SubMolecules.size()) Mol.SubMolecules.emplace_back(count);
+        SubMolecule& sub = Mol.SubMolecules[i];
+        sub.resize(count);
+        sub.ElementCount = count;
+        sub.SubName.clear();
+        sub.SubText.clear();
+        sub.SubAtomicDensity = 0;
+        sub.DensityGiven = false;
+        sub.SubMassDensity = 0;
     }
+    Mol.MolName.clear();
+    Mol.MolAtomicDensity = 0;
+    Mol.MolDensityGiven = false;
+    Mol.MolMassDensity = 0;
+    Mol.MolAverageMass = 0;
+    Mol.MolText.clear();
+    Mol.MolTextWithDensity.clear();
 }
 
 namespace {
@@ -79,6 +96,11 @@ struct MolParse {
     std::int16_t questions = 0;
     int opens = 0;
     int subCount = 1;
+    // What the split finds, before the record is sized for it.
+    std::vector<std::string> texts;
+    std::vector<float> concentrations;
+    float wholeDensity = 0;
+    bool wholeDensityGiven = false;
 
     void box(const std::string& text, int buttons, const std::string& title) { MsgBox(s, text, buttons, title); }
 
@@ -234,10 +256,10 @@ bool MolParse::outside(size_t start, size_t end, std::int16_t& index) {
         code = badConcentration(at);
         return false;
     }
-    Mol.SubConcentrations[size_t(index)] = c;
+    concentrations[size_t(index)] = c;
     if (tokens == 2) {
-        Mol.MolAtomicDensity = text::CSng(text::Val(next(at)));
-        Mol.MolDensityGiven = true;
+        wholeDensity = text::CSng(text::Val(next(at)));
+        wholeDensityGiven = true;
         return true;
     }
     // Bare pairs: each becomes a sub-molecule. The count of them was fixed before; more pairs than
@@ -253,9 +275,9 @@ bool MolParse::outside(size_t start, size_t end, std::int16_t& index) {
             return false;
         }
         index = text::Add16(index, 1);
-        if (index > Mol.SubCount) RaiseSubscript();
-        Mol.SubMolecules[size_t(index)].Isotopes[0] = name;
-        Mol.SubConcentrations[size_t(index)] = c;
+        if (index > subCount) RaiseSubscript();
+        texts[size_t(index)] = name;
+        concentrations[size_t(index)] = c;
     }
     return true;
 }
@@ -283,8 +305,8 @@ bool MolParse::split() {
             code |= molcode::Empty;
         }
         index = text::Add16(index, 1);
-        if (index > Mol.SubCount) RaiseSubscript();
-        Mol.SubMolecules[size_t(index)].Isotopes[0] = subText;
+        if (index > subCount) RaiseSubscript();
+        texts[size_t(index)] = subText;
         pos = close + 1;
     }
     return true;
@@ -301,7 +323,7 @@ std::int32_t Parse_Mol(Session& s, std::string& Text, Molecule& Mol, std::int16_
     const bool parens = p.w.find('(') != std::string::npos;
     if (parens && !p.checkParentheses()) return p.code;
 
-    p.w = NormaliseBlanks(p.w);
+    NormaliseBlanksInPlace(p.w);
     if (p.w.size() >= 133 && s.VKSversionNumber < 9505) {
         WarningBox(s,
                    "WARNING:  length of molecule " + p.w + " exceeds 132 characters.  Length = " +
@@ -311,24 +333,40 @@ std::int32_t Parse_Mol(Session& s, std::string& Text, Molecule& Mol, std::int16_
     }
     Text = p.w;
 
-    EmptyMol(Mol, std::vector<std::int16_t>(size_t(p.subCount), 0));
+    p.texts.assign(size_t(p.subCount) + 1, std::string());
+    p.concentrations.assign(size_t(p.subCount) + 1, 0.0f);
+    std::vector<std::int16_t> counts(size_t(p.subCount), 0);
     if (p.subCount == 1) {
-        Mol.SubMolecules[1].Isotopes[0] = p.w;
+        p.texts[1] = p.w;
     } else if (!p.split()) {
+        EmptyMol(Mol, counts);
         return p.code;
     }
+    // Sized for the elements each sub-molecule will hold, so that parsing them reuses the arrays.
+    for (int i = 1; i <= p.subCount; ++i) {
+        std::string separator;
+        const int n = text::CountTokens(p.texts[size_t(i)], separator);
+        counts[size_t(i - 1)] = std::int16_t(n == 1 ? 1 : n / 2);
+    }
+    EmptyMol(Mol, counts);
+    for (int i = 1; i <= p.subCount; ++i) {
+        Mol.SubMolecules[size_t(i)].Isotopes[0] = std::move(p.texts[size_t(i)]);
+        Mol.SubConcentrations[size_t(i)] = p.concentrations[size_t(i)];
+    }
+    Mol.MolAtomicDensity = p.wholeDensity;
+    Mol.MolDensityGiven = p.wholeDensityGiven;
 
+    // Each sub-molecule is parsed in its own place; after a failure the record is not to be used.
     for (int i = 1; i <= Mol.SubCount; ++i) {
-        const std::string subText = NormaliseBlanks(Mol.SubMolecules[size_t(i)].Isotopes[0]);
-        SubMolecule scratch;
-        scratch.SubName = subText;
+        SubMolecule& sub = Mol.SubMolecules[size_t(i)];
+        const std::string subText = NormaliseBlanks(sub.Isotopes[0]);
+        sub.SubName = subText;
         std::string t = subText;
         std::int16_t at = 0;
-        if (Parse_SMol(s, t, scratch, at) > 0) {
+        if (Parse_SMol(s, t, sub, at) > 0) {
             WarningBox(s, "FATAL: Unrecognised submolecule " + subText + " in molecule " + p.w, "Parse_Mol error");
             return p.code;  // the sub-molecule's own code is not passed on
         }
-        Mol.SubMolecules[size_t(i)] = std::move(scratch);
     }
 
     std::vector<std::string> keys(size_t(Mol.SubCount) + 1);
@@ -346,8 +384,7 @@ std::int32_t Parse_Mol(Session& s, std::string& Text, Molecule& Mol, std::int16_
     float sum = 0;
     for (int i = 1; i <= Mol.SubCount; ++i) {
         sum += std::fabs(Mol.SubConcentrations[size_t(i)]);
-        auto& comp = Mol.SubMolecules[size_t(i)].Isotopes[0];
-        comp = NormaliseBlanks(comp);
+        NormaliseBlanksInPlace(Mol.SubMolecules[size_t(i)].Isotopes[0]);
     }
     Mol.SubConcentrations[0] = sum;
 
@@ -362,13 +399,19 @@ std::int32_t Parse_Mol(Session& s, std::string& Text, Molecule& Mol, std::int16_
     } else {
         for (int i = 1; i <= Mol.SubCount; ++i) {
             const SubMolecule& sub = Mol.SubMolecules[size_t(i)];
-            canonical += " ( " + sub.Isotopes[0];
+            canonical += " ( ";
+            canonical += sub.Isotopes[0];
             if (sub.Isotopes[0].find(' ') == std::string::npos) canonical += " 1 ";
-            if (sub.DensityGiven) canonical += " " + text::CStr(sub.SubAtomicDensity);
-            canonical += " ) " + ConcentrationText(Mol.SubConcentrations[size_t(i)]);
+            if (sub.DensityGiven) {
+                canonical += ' ';
+                canonical += text::CStr(sub.SubAtomicDensity);
+            }
+            canonical += " ) ";
+            canonical += ConcentrationText(Mol.SubConcentrations[size_t(i)]);
         }
     }
-    Mol.MolText = NormaliseBlanks(canonical);
+    NormaliseBlanksInPlace(canonical);
+    Mol.MolText = std::move(canonical);
     Mol.MolName = Mol.SubCount == 1 ? Mol.SubMolecules[1].SubName : Mol.MolText;
     Mol.MolTextWithDensity = Mol.MolText;
     if (Mol.MolDensityGiven) Mol.MolTextWithDensity += " " + text::CStr(Mol.MolAtomicDensity);

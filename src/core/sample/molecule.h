@@ -26,7 +26,18 @@ struct SubMolecule {
     bool DensityGiven = false;
     float SubMassDensity = 0;  // g/cc
 
-    // Sizes every array for `count` elements and clears the summary slot.
+    SubMolecule() = default;
+    // A record with its arrays sized for `count` elements.
+    explicit SubMolecule(int count)
+        : ElementCount(std::int16_t(count)),
+          Symbols(size_t(count) + 1),
+          Isotopes(size_t(count) + 1),
+          MassNumbers(size_t(count) + 1),
+          AtomicNumbers(size_t(count) + 1),
+          Masses(size_t(count) + 1),
+          Concentrations(size_t(count) + 1) {}
+
+    // Sizes every array for `count` elements and clears them.
     void resize(int count);
 };
 
@@ -75,5 +86,6 @@ std::int32_t ConvertUpperFlags(std::int32_t code);
 
 // Leading and trailing blanks removed, runs of blanks made one.
 std::string NormaliseBlanks(std::string_view text);
+void NormaliseBlanksInPlace(std::string& text);
 
 }  // namespace halvo

@@ -13,8 +13,11 @@ namespace halvo {
 
 void SubMolecule::resize(int count) {
     const size_t n = size_t(count) + 1;
-    Symbols.assign(n, std::string());
-    Isotopes.assign(n, std::string());
+    // Strings are cleared rather than replaced, so that their storage is kept.
+    Symbols.resize(n);
+    Isotopes.resize(n);
+    for (auto& t : Symbols) t.clear();
+    for (auto& t : Isotopes) t.clear();
     MassNumbers.assign(n, 0);
     AtomicNumbers.assign(n, 0);
     Masses.assign(n, 0.0f);
@@ -22,6 +25,8 @@ void SubMolecule::resize(int count) {
 }
 
 std::string NormaliseBlanks(std::string_view text) {
+    const bool clean = text.empty() || (text.front() != ' ' && text.back() != ' ' && text.find("  ") == std::string_view::npos);
+    if (clean) return std::string(text);
     std::string out;
     out.reserve(text.size());
     for (char c : text) {
@@ -30,6 +35,11 @@ std::string NormaliseBlanks(std::string_view text) {
     }
     if (!out.empty() && out.back() == ' ') out.pop_back();
     return out;
+}
+
+void NormaliseBlanksInPlace(std::string& text) {
+    if (text.empty() || (text.front() != ' ' && text.back() != ' ' && text.find("  ") == std::string::npos)) return;
+    text = NormaliseBlanks(text);
 }
 
 std::int32_t ConvertUpperFlags(std::int32_t code) {
@@ -120,7 +130,7 @@ const SubMolecule* FindCompound(const Session& s, const SubMolecule& sub) {
 }  // namespace
 
 std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::int16_t& Position) {
-    const std::string whole = Text;
+    const std::string whole = Text;  // a copy: Text may be a field of Sub itself
     std::string separator;
     const int n = text::CountTokens(whole, separator);
     const int count = n == 1 ? 1 : n / 2;
@@ -182,8 +192,8 @@ std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::in
         }
     } else {
         Sub.Isotopes[0] = whole;
-        std::vector<std::int16_t> nameEnds(size_t(count) + 1, 0);
         std::string composition;
+        composition.reserve(whole.size() + 8);
         for (int i = 1; i <= count; ++i) {
             token = text::NextToken(rest, separator);
             std::string name = token;
@@ -193,7 +203,6 @@ std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::in
             assignZA(s, name, z, mass, a, failed, selection, s.AnalysisKind);
             if (failed) return elementFailure(a);
             Position = text::Add16(Position, int(token.size()) + 1);
-            nameEnds[size_t(i)] = std::int16_t(Position - 1);
             token = text::NextToken(rest, separator);
             float c = 0;
             if (text::IsNumeric(token)) {
@@ -216,7 +225,10 @@ std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::in
             Sub.AtomicNumbers[size_t(i)] = z;
             Sub.Masses[size_t(i)] = mass;
             Sub.Concentrations[size_t(i)] = c;
-            composition += " " + name + " " + ConcentrationText(c);
+            composition += ' ';
+            composition += name;
+            composition += ' ';
+            composition += ConcentrationText(c);
         }
         const MassSums sums = SumsOf(Sub, false);
         Sub.Isotopes[0] = text::Trim(composition);
@@ -225,10 +237,18 @@ std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::in
 
         int later = 0;
         if (FirstDouble(Sub.Isotopes, count, later)) {
-            Position = nameEnds[size_t(later)];
-            Text = whole.substr(0, std::min(whole.size(), size_t(std::max<int>(Position, 0))));
+            // The place where the later name of the pair ends, counted as the loop above counts.
+            std::string again = whole;
+            Position = 0;
+            for (int i = 1; i <= later; ++i) {
+                Position = std::int16_t(Position + text::NextToken(again, separator).size() + 1);
+                const std::string conc = text::NextToken(again, separator);
+                if (i < later) Position = std::int16_t(Position + conc.size() + 1 + (conc.starts_with("?=") ? 2 : 0));
+            }
+            Position = std::int16_t(Position - 1);
             MsgBox(s, "All elements in the molecule " + whole + " are not different!", mb::OKOnly,
                    "Parse_SMol: elements not unique");
+            Text = whole.substr(0, std::min(whole.size(), size_t(std::max<int>(Position, 0))));
             return molcode::MoleculeNotUnique;
         }
 
@@ -249,7 +269,11 @@ std::int32_t Parse_SMol(Session& s, std::string& Text, SubMolecule& Sub, std::in
             Sub.DensityGiven = true;
             Sub.SubAtomicDensity = text::CSng(text::Val(token));
         }
-        Sub.SubText = NormaliseBlanks(Sub.Isotopes[0] + " " + density);
+        Sub.SubText = Sub.Isotopes[0];  // already single-spaced
+        if (!density.empty()) {
+            Sub.SubText += ' ';
+            Sub.SubText += density;
+        }
         if (const SubMolecule* compound = FindCompound(s, Sub)) Sub.SubName = compound->SubName;
     }
 

@@ -17,6 +17,9 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // upper-case exponent with at least two digits, no leading zero before the point.
 std::string Plain(double v, int precision) {
     if (v == 0) return "0";
+    // Whole numbers that fit the precision print as integers: the common case, done without the
+    // general conversion.
+    if (v == std::trunc(v) && std::fabs(v) < (precision >= 15 ? 1e15 : 1e7)) return std::to_string(std::int64_t(v));
     char buf[64];
     auto res = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, precision);
     std::string s(buf, res.ptr);

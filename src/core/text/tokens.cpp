@@ -101,7 +101,16 @@ std::string NextToken(std::string& line, const std::string& separator, bool allo
             rest = s.substr(end + 1);
         }
     }
-    line = Trim(rest);
+    // The rest stays in `line`, trimmed, cut in place: no copy of the remainder per token.
+    const std::string_view kept = TrimView(rest);
+    if (kept.empty()) {
+        line.clear();
+        return Trim(token);
+    }
+    const size_t from = size_t(kept.data() - line.data());
+    const size_t length = kept.size();
+    line.erase(from + length);
+    line.erase(0, from);
     return Trim(token);
 }
 
