@@ -157,6 +157,7 @@ int RunElement(Context& c, const std::vector<std::string>& a) {
         std::int16_t z = 0, A = 0, failed = 0;
         float mass = 0;
         ElementSelection sel;
+        c.session.AnalysisKind = 0;  // so that each name shows what it sets (0: left alone)
         try {
             assignZA(c.session, name, z, mass, A, failed, sel, c.session.AnalysisKind);
         } catch (const RuntimeFault& f) {
