@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/technical_record.h"
+#include "geometry/aux_files.h"
 #include "geometry/geometry_record.h"
 #include "sample/element_table.h"
 #include "sample/logical_element.h"
@@ -119,6 +120,7 @@ struct Session {
     std::int16_t VKSversionNumber = 0;
     std::int16_t VKSverSyn = -1;
     GeometryRecord Geometry;
+    AuxFileState Aux;  // directories of the files a geometry names, once-per-session checks
     DataTables Tables;              // isotopes.dat, pscoef.dat, compound.dat of PathVKS
     std::int16_t AnalysisKind = 0;  // set by assignZA for the special particles
     StructureRecord Structure;      // the current sample's structure
