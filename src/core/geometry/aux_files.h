@@ -4,6 +4,7 @@
 // The engine ignores or crashes on bad ones, so they are checked as soon as they are named. Every
 // report goes through WarningBox; nothing here stops a read.
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace halvo {
@@ -16,6 +17,9 @@ struct AuxFileState {
     std::string SRIMPath;       // the SRIM installation
     bool SRIMChecked = false;   // CheckSRIM has run in this session
     bool DEPTHChecked = false;  // CheckDEPTH has run in this session
+    // Starts the user's text editor on a file and returns at once (the program sets it; unset, the
+    // file is not opened but the pause still comes).
+    std::function<void(const std::string& path)> EditFile;
 };
 
 // Verifies a non-Rutherford cross-section file for the loaded geometry (its scattering angle, beam
