@@ -1,0 +1,49 @@
+#pragma once
+// Pieces shared by the checks of auxiliary files: how their lines are cut and where their names point.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace halvo {
+
+struct Session;
+
+namespace auxfile {
+
+// The words of a line as the engine's reader cuts them (blanks, tabs, and a minus after a number
+// with an exponent).
+std::vector<std::string> Words(std::string line);
+bool AllNumeric(const std::vector<std::string>& words);
+// Nothing but blanks and tabs.
+bool IsBlank(std::string_view line);
+// The line without leading and trailing blanks and tabs.
+std::string_view Stripped(std::string_view line);
+
+// `path` as it stands when absolute, else under `base` (the working directory for relative names).
+std::string UnderDirectory(const std::string& base, const std::string& path);
+
+// Where a cross-section file named in a geometry is: quotes dropped, a bare name taken from
+// EBSFilePath (or the working directory when that is empty). No check, no message.
+std::string NonRPath(const Session& s, const std::string& file);
+
+// One cross-section table as far as the checks need it.
+struct NonRScan {
+    bool legal = false;
+    std::int16_t lines = 0;    // data lines
+    float first = 0, last = 0;  // energies of the first and last data line, keV
+};
+
+// The two formats. `lines` is the whole file; `head` is its first non-blank line. Each reports what
+// it finds and counts into errors and warnings.
+NonRScan CheckR33(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+                  bool quiet, std::int16_t& errors, std::int16_t& warnings);
+NonRScan CheckPlainNonR(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+                        bool quiet, std::int16_t& errors);
+
+inline void Count(std::int16_t& n) {
+    if (n < 32767) ++n;
+}
+
+}  // namespace auxfile
+}  // namespace halvo

@@ -1,0 +1,149 @@
+// Non-Rutherford cross-section files: finding the file, telling the two formats apart, the energy
+// range, and the offer to fix a bad file in the text editor.
+#include <exception>
+
+#include "geometry/aux_files.h"
+#include "geometry/aux_files_internal.h"
+#include "platform/files.h"
+#include "session/session.h"
+#include "text/lines.h"
+#include "text/numbers.h"
+#include "text/tokens.h"
+
+namespace halvo {
+
+namespace auxfile {
+
+std::vector<std::string> Words(std::string line) {
+    std::vector<std::string> words;
+    static const std::string none;
+    while (!IsBlank(line)) {
+        std::string word = text::NextToken(line, none);
+        if (word.empty()) {
+            // A tab or LF right at the front: NextToken trims blanks only.
+            const auto at = line.find_first_not_of(" \t\n");
+            if (at == std::string::npos) break;
+            line.erase(0, at);
+            continue;
+        }
+        words.push_back(std::move(word));
+    }
+    return words;
+}
+
+bool AllNumeric(const std::vector<std::string>& words) {
+    for (const auto& w : words)
+        if (!text::IsNumeric(w)) return false;
+    return true;
+}
+
+bool IsBlank(std::string_view line) { return line.find_first_not_of(" \t") == std::string_view::npos; }
+
+std::string_view Stripped(std::string_view line) {
+    const auto first = line.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    const auto last = line.find_last_not_of(" \t");
+    return line.substr(first, last - first + 1);
+}
+
+std::string UnderDirectory(const std::string& base, const std::string& path) {
+    if (!path.empty() && (path.front() == '/' || path.front() == '\\')) return platform::NormalizeSeparators(path);
+    return platform::JoinPath(base, path);
+}
+
+std::string NonRPath(const Session& s, const std::string& file) {
+    std::string name = text::Trim(file);
+    if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
+    if (name.find_first_of("\\/") != std::string::npos) return UnderDirectory(s.FilePath, name);
+    const std::string& dir = s.Aux.EBSFilePath.empty() ? s.FilePath : s.Aux.EBSFilePath;
+    return UnderDirectory(s.FilePath, platform::JoinPath(dir, name));
+}
+
+}  // namespace auxfile
+
+using namespace auxfile;
+
+namespace {
+
+std::string ErrorTitle(const std::string& file) { return "VerifyNonRFile: error for " + file; }
+
+// The directory of the cross-section files, without its final separator; false when it is given
+// and is no directory.
+bool EBSDirectoryUsable(Session& s) {
+    std::string& dir = s.Aux.EBSFilePath;
+    while (dir.size() > 1 && (dir.back() == '\\' || dir.back() == '/')) dir.pop_back();
+    if (dir.empty()) return true;
+    const std::string path = UnderDirectory(s.FilePath, dir);
+    if (platform::IsDirectory(path)) return true;
+    if (const auto found = platform::ResolvePath(path); found && platform::IsDirectory(*found)) return true;
+    WarningBox(s, "EBSFilePath " + dir + "does not appear to exist", "VerifyNonRFile error ");
+    return false;
+}
+
+}  // namespace
+
+bool VerifyNonRFile(Session& s, const std::string& given, bool quiet, std::int16_t& errors, std::int16_t& warnings) {
+    if (!EBSDirectoryUsable(s)) {
+        Count(errors);
+        return false;
+    }
+    const std::string file = NonRPath(s, given);
+    const std::int16_t errorsBefore = errors;
+    try {
+        const auto found = platform::ResolvePath(file);
+        if (!found || platform::IsDirectory(*found)) {
+            WarningBox(s, "Non-Rutherford file " + file + "does not appear to exist", ErrorTitle(file));
+            Count(errors);
+            return false;
+        }
+        const auto bytes = platform::ReadFileBytes(*found);
+        if (!bytes) throw std::runtime_error("unreadable");
+        const std::vector<std::string> lines = text::SplitLines(*bytes);
+        size_t head = 0;
+        while (head < lines.size() && IsBlank(lines[head])) ++head;
+        if (head == lines.size()) {
+            WarningBox(s, "Non-Rutherford file is empty", ErrorTitle(file));
+            Count(errors);
+            return false;
+        }
+        const bool r33 = text::Lower(lines[head]).find("comment:") != std::string::npos;
+        const NonRScan scan = r33 ? CheckR33(s, file, lines, head, quiet, errors, warnings)
+                                  : CheckPlainNonR(s, file, lines, head, quiet, errors);
+        if (scan.legal && scan.last < s.Geometry.Energy) {
+            WarningBox(s,
+                       "Maximum energy (" + text::CStr(scan.last) + " keV) in EBS Xsection file (" + file +
+                           " for geometry file " + s.Geometry.Name + ") is less than the beam energy (" +
+                           text::CStr(s.Geometry.Energy) + " keV)!",
+                       "VerifyNonRFile warning (" + text::CStr(int(s.CurrentSample)) + ")");
+            Count(warnings);
+        }
+    } catch (const std::exception&) {
+        // A number beyond range, an unreadable file: what the routine's own trap reported.
+        WarningBox(s, "Unknown problem with Non-Rutherford file " + file, ErrorTitle(file));
+        Count(errors);
+    }
+    return errors == errorsBefore;
+}
+
+bool AskFixNonRFile(Session& s, const std::string& file, bool quiet) {
+    for (;;) {
+        std::int16_t errors = 0, warnings = 0;
+        if (VerifyNonRFile(s, file, quiet, errors, warnings)) return true;
+        const std::string path = NonRPath(s, file);
+        // No is the default button, so that a run without answers ends.
+        int buttons = mb::YesNoCancel + mb::Question + mb::DefaultButton2;
+        std::string suffix = " (Press Cancel to silence this message and default to 'No')";
+        WarningBox(s, "Do you want to fix the errors in file " + path,
+                   "Geometry2.check1:  bad format in NonRutherford file", buttons, suffix);
+        // With warnings off nothing is asked and the answer stays No.
+        if (buttons != mb::Yes) return false;
+        if (s.Aux.EditFile) {
+            const auto found = platform::ResolvePath(path);
+            s.Aux.EditFile(found ? *found : path);
+        }
+        MsgBox(s, "Pausing until you are ready ... (press OK to continue)", mb::OKOnly,
+               "Geometry2.check1:  bad format in NonRutherford file");
+    }
+}
+
+}  // namespace halvo

@@ -1,0 +1,75 @@
+// The plain cross-section format: an optional header line of the letters m, t, c (first letter of
+// each word), then two numbers a line: energy in keV and cross-section.
+#include "geometry/aux_files_internal.h"
+#include "session/session.h"
+#include "text/numbers.h"
+#include "text/tokens.h"
+
+namespace halvo::auxfile {
+
+namespace {
+
+// The header's letters in the order given, or "" when the line is no header: one to three words,
+// each starting with a different one of m, t, c.
+std::string HeaderLetters(const std::vector<std::string>& words) {
+    if (words.empty() || words.size() > 3) return {};
+    std::string letters;
+    for (const auto& w : words) {
+        const char c = text::Lower(w.substr(0, 1)).front();
+        if ((c != 'm' && c != 't' && c != 'c') || letters.find(c) != std::string::npos) return {};
+        letters += c;
+    }
+    return letters;
+}
+
+std::string HeaderText(const std::string& letters) {
+    switch (letters.size()) {
+        case 1:
+            if (letters == "m") return "Non-Rutherford file starts with mbarn/sr keyword";
+            if (letters == "t") return "Non-Rutherford file starts with total cross-section keyword (NRA only)";
+            return "Non-Rutherford file starts with centre of mass system (NRA only)";
+        case 2:
+            return "Non-Rutherford file starts with total cross-section and centre of mass system (NRA only)";
+        default:
+            return "Non-Rutherford file starts with total cross-section and centre of mass system, in mbarns";
+    }
+}
+
+}  // namespace
+
+NonRScan CheckPlainNonR(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+                        bool quiet, std::int16_t& errors) {
+    NonRScan scan;
+    const std::string sample = text::CStr(int(s.CurrentSample));
+    const std::string letters = HeaderLetters(Words(lines[head]));
+    size_t i = head;
+    if (!letters.empty()) {
+        if (!quiet) WarningBox(s, HeaderText(letters), "VerifyNonRFile (" + sample + ")", mb::Information);
+        ++i;
+    }
+    for (; i < lines.size(); ++i) {
+        if (IsBlank(lines[i])) continue;
+        const std::vector<std::string> words = Words(lines[i]);
+        if (words.size() != 2 || !AllNumeric(words)) {
+            WarningBox(s, "Non-Rutherford file contains illegal string: " + lines[i],
+                       "VerifyNonRFile: error for " + file);
+            Count(errors);
+            WarningBox(s, "Verify Non-Rutherford cross-section file: ILLEGAL for VKS (it will ignore this EBS!)",
+                       "VerifyNonRFile (" + file + "): ERROR for Sample Number = " + sample);
+            return scan;
+        }
+        const float energy = text::CSng(text::Val(words[0]));
+        if (scan.lines == 0) scan.first = energy;
+        scan.last = energy;
+        Count(scan.lines);
+    }
+    scan.legal = true;
+    if (!quiet)
+        WarningBox(s,
+                   "File " + file + " has " + text::CStr(int(scan.lines)) + " lines,  The header is " + letters +
+                       ": m is mb/sr, t is total Xsection (NRA), c is centre of mass.  Units are Relative to Rutherford, lab system (or mbarns/sr for NRA).",
+                   "VerifyNonRFile (" + file + "): OK for Sample Number = " + sample, mb::Information);
+    return scan;
+}
+
+}  // namespace halvo::auxfile

@@ -1,0 +1,94 @@
+// The tagged cross-section format: identifiers in a fixed order, each at the start of a line of its
+// own; lines between two identifiers belong to the first (other tags, continued comments).
+#include <array>
+
+#include "geometry/aux_files_internal.h"
+#include "session/session.h"
+#include "text/numbers.h"
+#include "text/tokens.h"
+
+namespace halvo::auxfile {
+
+namespace {
+
+struct Identifier {
+    const char* tag;
+    const char* missing;
+};
+
+constexpr std::array<Identifier, 9> kIdentifiers{{
+    {"comment:", ""},
+    {"version:", "Identifier 'Version: R33' not found"},
+    {"source:", "Identifier 'Source:' not found"},
+    {"reaction:", "Identifier 'Reaction:' not found"},
+    {"theta:", "Identifier 'Theta:' not found"},
+    {"units:", "Identifier 'Units:' not found"},
+    {"name:", "Identifier 'Name:' not found"},
+    {"data:", "Identifier 'Data:' not found"},
+    {"enddata:", "Identifier 'EndData:' not found"},
+}};
+enum : size_t { kTheta = 4, kUnits = 5, kSource = 2, kReaction = 3, kData = 7, kEndData = 8 };
+
+bool StartsWithTag(std::string_view line, const char* tag) {
+    const std::string_view t(tag);
+    return line.size() >= t.size() && text::EqualsIgnoreCase(line.substr(0, t.size()), t);
+}
+
+}  // namespace
+
+NonRScan CheckR33(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+                  bool quiet, std::int16_t& errors, std::int16_t& warnings) {
+    NonRScan scan;
+    const std::string formatTitle = "Non-Rutherford file has illegal R33 format " + file;
+    std::array<std::string, kIdentifiers.size()> values;
+    size_t next = 1;  // the first line holds "comment:"
+    for (size_t i = head + 1; i < lines.size() && next < kIdentifiers.size(); ++i) {
+        const std::string_view line = Stripped(lines[i]);
+        if (StartsWithTag(line, kIdentifiers[next].tag)) {
+            values[next] = text::Trim(Stripped(line.substr(std::string_view(kIdentifiers[next].tag).size())));
+            ++next;
+            continue;
+        }
+        if (next != kEndData || line.empty()) continue;
+        // Inside the data: numbers only, the energy first.
+        const std::vector<std::string> words = Words(std::string(line));
+        if (!AllNumeric(words)) {
+            WarningBox(s,
+                       "Non-Rutherford file in R33 format contains illegal string: " + lines[i] + " at line number" +
+                           text::CStr(int(i + 1)),
+                       formatTitle);
+            Count(errors);
+            return scan;
+        }
+        const float energy = text::CSng(text::Val(words.front()));
+        if (scan.lines == 0) scan.first = energy;
+        scan.last = energy;
+        Count(scan.lines);
+    }
+    if (next < kIdentifiers.size()) {
+        WarningBox(s, kIdentifiers[next].missing, formatTitle);
+        Count(errors);
+        return scan;
+    }
+    scan.legal = true;
+    const float theta = text::CSng(text::Val(values[kTheta]));
+    if (theta != s.Geometry.Scatter) {
+        WarningBox(s,
+                   "R33 file (nonRBS cross-sections) is for scattering angle " + text::CStr(theta) +
+                       " not value in Geo file " + text::CStr(s.Geometry.Scatter),
+                   "VerifyNonRFile warning (" + text::CStr(int(s.CurrentSample)) + ")");
+        Count(warnings);
+    }
+    if (!quiet)
+        WarningBox(s,
+                   "R33 file " + file + " has" + text::CStr(int(scan.lines)) +
+                       " lines,    and has cross-sections between " + text::CStr(scan.first) + "keV and " +
+                       text::CStr(scan.last) + "keV.    Units: " + values[kUnits] + "; source: " + values[kSource] +
+                       "; reaction: " + values[kReaction] + "; theta: " + values[kTheta],
+                   "VerifyNonRFile for " + file + " (R33): OK for Sample Number = " +
+                       text::CStr(int(s.CurrentSample)) + " and Geofile = " + s.Geometry.Name,
+                   mb::Information);
+    return scan;
+}
+
+}  // namespace halvo::auxfile
