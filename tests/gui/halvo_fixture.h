@@ -25,6 +25,8 @@ protected:
     // Starts the program with the copy of demo.spc (or no batch).
     void startWithDemo();
     void startEmpty();
+    // Starts without waiting for the frame; false when start-up ended the program.
+    bool startOnly() { return app_->start(); }
     // Before a start: no working directory stored.
     static void forgetWorkingDirectory();
 

@@ -125,7 +125,22 @@ TEST_F(MainWindow, SelectingAListEntryIsKeptInTheModel) {
 namespace halvo::test {
 namespace {
 
-class StartUp : public HalvoFixture {};
+class StartUp : public HalvoFixture {
+protected:
+    // Starts with PATHVKS on a folder whose isotopes.dat holds `bytes`; the first box gets `answer`.
+    bool startWithIsotopes(const QByteArray& bytes, QMessageBox::StandardButton answer) {
+        QDir(dir()).mkdir("engine");
+        QFile table(file("engine/isotopes.dat"));
+        EXPECT_TRUE(table.open(QIODevice::WriteOnly));
+        table.write(bytes);
+        table.close();
+        qputenv("PATHVKS", QFile::encodeName(file("engine")));
+        answers.answer(answer);
+        const bool started = startOnly();
+        qunsetenv("PATHVKS");
+        return started;
+    }
+};
 
 TEST_F(StartUp, WithTheStoredFolderTheWindowComesUpEmptyAndQuiet) {
     startEmpty();
@@ -144,6 +159,23 @@ TEST_F(StartUp, WithoutAFolderTheMissingFolderIsReportedThroughAMessageBox) {
     EXPECT_EQ(answers.boxes()[0].text, " apparently doesn't exist!  Not attempting to open VKS.BAT");
     EXPECT_EQ(answers.boxes()[0].icon, QMessageBox::Critical);
     EXPECT_TRUE(items("List6").isEmpty());
+}
+
+// A broken data table in the engine's folder: Cancel in its load error ends the program before the frame
+// is shown; OK carries on.
+TEST_F(StartUp, CancelAtADataTableLoadErrorEndsTheProgram) {
+    EXPECT_FALSE(startWithIsotopes("header\r\nHydrogen\t1\t1H\t1.0078\t99.9\r\n", QMessageBox::Cancel));
+    ASSERT_EQ(answers.boxes().size(), 1u);
+    EXPECT_EQ(answers.boxes()[0].title, "Halvo load error");
+    EXPECT_EQ(answers.boxes()[0].text, "Unexpected error handling Isotopes.dat file (Cancel to exit Halvo)");
+    EXPECT_FALSE(frame()->isVisible());
+}
+
+TEST_F(StartUp, OkAtADataTableLoadErrorCarriesOn) {
+    EXPECT_TRUE(startWithIsotopes("header\r\n", QMessageBox::Ok));
+    EXPECT_EQ(answers.boxes().size(), 1u);
+    EXPECT_TRUE(frame()->isVisible());
+    EXPECT_EQ(session().PathVKS, QFile::encodeName(file("engine")).toStdString());
 }
 
 }  // namespace

@@ -19,8 +19,9 @@ public:
     HalvoApplication(const HalvoApplication&) = delete;
     HalvoApplication& operator=(const HalvoApplication&) = delete;
 
-    // Shows the frame, starts the session, and opens `batchPath` when it is given.
-    void start(const QString& batchPath = QString());
+    // Starts the session, shows the frame, and opens `batchPath` when it is given. False when the user
+    // ended the program during start-up (Cancel at a load error); the frame is closed then.
+    bool start(const QString& batchPath = QString());
 
     Session& session() { return session_; }
     HalvoMdi* frame() const { return frame_.get(); }

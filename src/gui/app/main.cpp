@@ -10,6 +10,6 @@ int main(int argc, char** argv) {
 
     const QStringList args = QApplication::arguments();
     halvo::gui::HalvoApplication app;
-    app.start(args.size() > 1 ? args.at(1) : QString());
+    if (!app.start(args.size() > 1 ? args.at(1) : QString())) return 0;
     return QApplication::exec();
 }

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -81,6 +82,10 @@ void VksControl::buildControls() {
     Label19_->setFrameShape(QFrame::StyledPanel);
     Label19_->setAlignment(Qt::AlignCenter);
     Label19_->setMargin(3);
+    // Wide enough for either state's text in the marked (bold) style, so that the row keeps its layout.
+    QFont bold = Label19_->font();
+    bold.setBold(true);
+    Label19_->setMinimumWidth(QFontMetrics(bold).averageCharWidth() * 22);
 }
 
 void VksControl::buildLayout() {
