@@ -124,6 +124,7 @@ struct Session {
     DataTables Tables;              // isotopes.dat, pscoef.dat, compound.dat of PathVKS
     std::int16_t AnalysisKind = 0;  // set by assignZA for the special particles
     StructureRecord Structure;      // the current sample's structure
+    RealElementList ElementList;    // its real elements, as the read that loaded it found them
     ProfileRecord Profile;          // the last good read of a profile
 
     MainLists lists;

@@ -9,8 +9,8 @@ namespace halvo {
 
 class RuntimeFault : public std::runtime_error {
 public:
-    enum Code { Overflow = 6, SubscriptOutOfRange = 9, DivisionByZero = 11, TypeMismatch = 13, InputPastEnd = 62,
-                FileAccess = 75 };
+    enum Code { Overflow = 6, SubscriptOutOfRange = 9, DivisionByZero = 11, TypeMismatch = 13, OutOfStackSpace = 28,
+                InputPastEnd = 62, FileAccess = 75 };
     RuntimeFault(Code code, const std::string& what) : std::runtime_error(what), code_(code) {}
     Code code() const { return code_; }
 
