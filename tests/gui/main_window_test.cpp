@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "gui/app/qt_settings_store.h"
 #include "halvo_fixture.h"
 
 namespace halvo::test {
@@ -162,7 +163,7 @@ TEST_F(StartUp, WithoutAFolderTheMissingFolderIsReportedThroughAMessageBox) {
 }
 
 // A broken data table in the engine's folder: Cancel in its load error ends the program before the frame
-// is shown; OK carries on.
+// is shown.
 TEST_F(StartUp, CancelAtADataTableLoadErrorEndsTheProgram) {
     EXPECT_FALSE(startWithIsotopes("header\r\nHydrogen\t1\t1H\t1.0078\t99.9\r\n", QMessageBox::Cancel));
     ASSERT_EQ(answers.boxes().size(), 1u);
@@ -171,11 +172,25 @@ TEST_F(StartUp, CancelAtADataTableLoadErrorEndsTheProgram) {
     EXPECT_FALSE(frame()->isVisible());
 }
 
-TEST_F(StartUp, OkAtADataTableLoadErrorCarriesOn) {
-    EXPECT_TRUE(startWithIsotopes("header\r\n", QMessageBox::Ok));
-    EXPECT_EQ(answers.boxes().size(), 1u);
-    EXPECT_TRUE(frame()->isVisible());
-    EXPECT_EQ(session().PathVKS, QFile::encodeName(file("engine")).toStdString());
+// Exit closes the frame, and closing stores the working directory and the data format when the
+// session says so (and only then).
+TEST_F(StartUp, ExitClosesTheFrameAndStoresTheSettingsWhenAsked) {
+    startWithDemo();
+    gui::QtSettingsStore store;
+    store.setValue("filepath", "/elsewhere");
+    trigger("mnuExit");
+    settle();
+    EXPECT_FALSE(frame()->isVisible());
+    EXPECT_EQ(store.value("filepath"), "/elsewhere");
+
+    frame()->show();
+    session().SaveSettingsOnExit = true;
+    session().Geometry.FileFormat = 7;
+    trigger("mnuExit");
+    settle();
+    EXPECT_EQ(store.value("filepath"), QFile::encodeName(dir()).toStdString());
+    EXPECT_EQ(store.value("datafileformat"), "7");
+    EXPECT_EQ(store.value("datafiletype"), "7");
 }
 
 }  // namespace

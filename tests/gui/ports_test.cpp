@@ -104,7 +104,6 @@ TEST(QtSettingsStore, KeepsTheFourValuesWhereTheCommandLineToolReadsThem) {
     store.setValue("filepath", "/data/j\xc3\xb6rg/run 7");
     store.setValue("datafileformat", "12");
     EXPECT_EQ(store.value("filepath"), "/data/j\xc3\xb6rg/run 7");
-    EXPECT_EQ(store.value("datafiletype"), "");
 
     platform::IniSettings ini(QFile::encodeName(store.fileName()).toStdString());
     EXPECT_EQ(ini.value("filepath"), "/data/j\xc3\xb6rg/run 7");
