@@ -55,8 +55,8 @@ std::string NonRPath(const Session& s, const std::string& file) {
     std::string name = text::Trim(file);
     if (name.size() >= 2 && name.front() == '"' && name.back() == '"') name = name.substr(1, name.size() - 2);
     if (name.find_first_of("\\/") != std::string::npos) return UnderDirectory(s.FilePath, name);
-    const std::string& dir = s.Aux.EBSFilePath.empty() ? s.FilePath : s.Aux.EBSFilePath;
-    return UnderDirectory(s.FilePath, platform::JoinPath(dir, name));
+    if (s.Aux.EBSFilePath.empty()) return platform::JoinPath(s.FilePath, name);
+    return UnderDirectory(s.FilePath, platform::JoinPath(s.Aux.EBSFilePath, name));
 }
 
 }  // namespace auxfile
