@@ -4,8 +4,10 @@ namespace halvo::text {
 
 bool LineReader::next(std::string& line) {
     if (rest_.empty()) return false;
-    const auto at = rest_.find_first_of("\r\n");
-    if (at == std::string_view::npos) {
+    // A plain scan: find_first_of tests each character against the set through a library call.
+    size_t at = 0;
+    while (at < rest_.size() && rest_[at] != '\r' && rest_[at] != '\n') ++at;
+    if (at == rest_.size()) {
         line.assign(rest_);
         rest_ = {};
         return true;
