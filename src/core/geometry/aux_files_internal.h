@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/lines.h"
+
 namespace halvo {
 
 struct Session;
@@ -14,6 +16,15 @@ namespace auxfile {
 // The words of a line as the engine's reader cuts them (blanks, tabs, and a minus after a number
 // with an exponent).
 std::vector<std::string> Words(std::string line);
+// The same, reusing its buffers from line to line (for long tables).
+class WordCutter {
+public:
+    const std::vector<std::string>& operator()(std::string_view line);
+
+private:
+    std::string buffer_;
+    std::vector<std::string> words_;
+};
 bool AllNumeric(const std::vector<std::string>& words);
 // Nothing but blanks and tabs.
 bool IsBlank(std::string_view line);
@@ -34,11 +45,27 @@ struct NonRScan {
     float first = 0, last = 0;  // energies of the first and last data line, keV
 };
 
-// The two formats. `lines` is the whole file; `head` is its first non-blank line. Each reports what
-// it finds and counts into errors and warnings.
-NonRScan CheckR33(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
-                  bool quiet, std::int16_t& errors, std::int16_t& warnings);
-NonRScan CheckPlainNonR(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+// A file's lines in turn, with the number of the line last read (from 1).
+class NumberedLines {
+public:
+    explicit NumberedLines(std::string_view bytes) : reader_(bytes) {}
+    bool next(std::string& line) {
+        if (!reader_.next(line)) return false;
+        ++number_;
+        return true;
+    }
+    int number() const { return number_; }
+
+private:
+    text::LineReader reader_;
+    int number_ = 0;
+};
+
+// The two formats. `head` is the file's first non-blank line, the last one `in` gave. Each reports
+// what it finds and counts into errors and warnings.
+NonRScan CheckR33(Session& s, const std::string& file, NumberedLines& in, const std::string& head, bool quiet,
+                  std::int16_t& errors, std::int16_t& warnings);
+NonRScan CheckPlainNonR(Session& s, const std::string& file, NumberedLines& in, const std::string& head,
                         bool quiet, std::int16_t& errors);
 
 inline void Count(std::int16_t& n) {

@@ -23,6 +23,7 @@ std::int16_t CheckEffiFile(Session& s, const std::string& file) {
     float first = 0, last = 0;
     int direction = 0;  // +1 increasing, -1 decreasing, once the first pair has set it
     std::string line;
+    WordCutter cut;
     text::LineReader reader(*bytes);
     for (int number = 1; reader.next(line); ++number) {
         if (IsBlank(line)) continue;
@@ -32,7 +33,7 @@ std::int16_t CheckEffiFile(Session& s, const std::string& file) {
                        title);
             Count(errors);
         };
-        const std::vector<std::string> words = Words(line);
+        const auto& words = cut(line);
         if (words.size() != 2 || !AllNumeric(words)) {
             problem(", two numbers expected: energy (keV) and efficiency (%)");
             continue;

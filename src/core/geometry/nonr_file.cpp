@@ -14,22 +14,25 @@ namespace halvo {
 
 namespace auxfile {
 
-std::vector<std::string> Words(std::string line) {
-    std::vector<std::string> words;
+const std::vector<std::string>& WordCutter::operator()(std::string_view line) {
     static const std::string none;
-    while (!IsBlank(line)) {
-        std::string word = text::NextToken(line, none);
+    words_.clear();
+    buffer_.assign(line);
+    while (!IsBlank(buffer_)) {
+        std::string word = text::NextToken(buffer_, none);
         if (word.empty()) {
             // A tab or LF right at the front: NextToken trims blanks only.
-            const auto at = line.find_first_not_of(" \t\n");
+            const auto at = buffer_.find_first_not_of(" \t\n");
             if (at == std::string::npos) break;
-            line.erase(0, at);
+            buffer_.erase(0, at);
             continue;
         }
-        words.push_back(std::move(word));
+        words_.push_back(std::move(word));
     }
-    return words;
+    return words_;
 }
+
+std::vector<std::string> Words(std::string line) { return WordCutter()(line); }
 
 bool AllNumeric(const std::vector<std::string>& words) {
     for (const auto& w : words)
@@ -98,17 +101,19 @@ bool VerifyNonRFile(Session& s, const std::string& given, bool quiet, std::int16
         }
         const auto bytes = platform::ReadFileBytes(*found);
         if (!bytes) throw std::runtime_error("unreadable");
-        const std::vector<std::string> lines = text::SplitLines(*bytes);
-        size_t head = 0;
-        while (head < lines.size() && IsBlank(lines[head])) ++head;
-        if (head == lines.size()) {
+        NumberedLines in(*bytes);
+        std::string head;
+        bool any = false;
+        while ((any = in.next(head)) && IsBlank(head)) {
+        }
+        if (!any) {
             WarningBox(s, "Non-Rutherford file is empty", ErrorTitle(file));
             Count(errors);
             return false;
         }
-        const bool r33 = text::Lower(lines[head]).find("comment:") != std::string::npos;
-        const NonRScan scan = r33 ? CheckR33(s, file, lines, head, quiet, errors, warnings)
-                                  : CheckPlainNonR(s, file, lines, head, quiet, errors);
+        const bool r33 = text::Lower(head).find("comment:") != std::string::npos;
+        const NonRScan scan = r33 ? CheckR33(s, file, in, head, quiet, errors, warnings)
+                                  : CheckPlainNonR(s, file, in, head, quiet, errors);
         if (scan.legal && scan.last < s.Geometry.Energy) {
             WarningBox(s,
                        "Maximum energy (" + text::CStr(scan.last) + " keV) in EBS Xsection file (" + file +

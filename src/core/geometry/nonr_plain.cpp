@@ -37,28 +37,28 @@ std::string HeaderText(const std::string& letters) {
 
 }  // namespace
 
-NonRScan CheckPlainNonR(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
+NonRScan CheckPlainNonR(Session& s, const std::string& file, NumberedLines& in, const std::string& head,
                         bool quiet, std::int16_t& errors) {
     NonRScan scan;
     const std::string sample = text::CStr(int(s.CurrentSample));
-    const std::string letters = HeaderLetters(Words(lines[head]));
-    size_t i = head;
-    if (!letters.empty()) {
-        if (!quiet) WarningBox(s, HeaderText(letters), "VerifyNonRFile (" + sample + ")", mb::Information);
-        ++i;
-    }
-    for (; i < lines.size(); ++i) {
-        if (IsBlank(lines[i])) continue;
-        const std::vector<std::string> words = Words(lines[i]);
-        if (words.size() != 2 || !AllNumeric(words)) {
-            WarningBox(s, "Non-Rutherford file contains illegal string: " + lines[i],
+    WordCutter words;
+    const std::string letters = HeaderLetters(words(head));
+    if (!letters.empty() && !quiet)
+        WarningBox(s, HeaderText(letters), "VerifyNonRFile (" + sample + ")", mb::Information);
+    // Without a header the first line is the first data line.
+    std::string line = letters.empty() ? head : std::string();
+    for (bool more = letters.empty() || in.next(line); more; more = in.next(line)) {
+        if (IsBlank(line)) continue;
+        const auto& w = words(line);
+        if (w.size() != 2 || !AllNumeric(w)) {
+            WarningBox(s, "Non-Rutherford file contains illegal string: " + line,
                        "VerifyNonRFile: error for " + file);
             Count(errors);
             WarningBox(s, "Verify Non-Rutherford cross-section file: ILLEGAL for VKS (it will ignore this EBS!)",
                        "VerifyNonRFile (" + file + "): ERROR for Sample Number = " + sample);
             return scan;
         }
-        const float energy = text::CSng(text::Val(words[0]));
+        const float energy = text::CSng(text::Val(w[0]));
         if (scan.lines == 0) scan.first = energy;
         scan.last = energy;
         Count(scan.lines);

@@ -36,14 +36,16 @@ bool StartsWithTag(std::string_view line, const char* tag) {
 
 }  // namespace
 
-NonRScan CheckR33(Session& s, const std::string& file, const std::vector<std::string>& lines, size_t head,
-                  bool quiet, std::int16_t& errors, std::int16_t& warnings) {
+NonRScan CheckR33(Session& s, const std::string& file, NumberedLines& in, const std::string&, bool quiet,
+                  std::int16_t& errors, std::int16_t& warnings) {
     NonRScan scan;
     const std::string formatTitle = "Non-Rutherford file has illegal R33 format " + file;
     std::array<std::string, kIdentifiers.size()> values;
     size_t next = 1;  // the first line holds "comment:"
-    for (size_t i = head + 1; i < lines.size() && next < kIdentifiers.size(); ++i) {
-        const std::string_view line = Stripped(lines[i]);
+    WordCutter words;
+    std::string raw;
+    while (next < kIdentifiers.size() && in.next(raw)) {
+        const std::string_view line = Stripped(raw);
         if (StartsWithTag(line, kIdentifiers[next].tag)) {
             values[next] = text::Trim(Stripped(line.substr(std::string_view(kIdentifiers[next].tag).size())));
             ++next;
@@ -51,16 +53,16 @@ NonRScan CheckR33(Session& s, const std::string& file, const std::vector<std::st
         }
         if (next != kEndData || line.empty()) continue;
         // Inside the data: numbers only, the energy first.
-        const std::vector<std::string> words = Words(std::string(line));
-        if (!AllNumeric(words)) {
+        const auto& w = words(line);
+        if (!AllNumeric(w)) {
             WarningBox(s,
-                       "Non-Rutherford file in R33 format contains illegal string: " + lines[i] + " at line number" +
-                           text::CStr(int(i + 1)),
+                       "Non-Rutherford file in R33 format contains illegal string: " + raw + " at line number" +
+                           text::CStr(in.number()),
                        formatTitle);
             Count(errors);
             return scan;
         }
-        const float energy = text::CSng(text::Val(words.front()));
+        const float energy = text::CSng(text::Val(w.front()));
         if (scan.lines == 0) scan.first = energy;
         scan.last = energy;
         Count(scan.lines);
