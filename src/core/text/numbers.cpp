@@ -70,6 +70,21 @@ std::string Shortest(double v, bool isFloat, int precision) {
 }  // namespace
 
 double Val(std::string_view s) {
+    // The usual token: a plain number with nothing to skip. from_chars reads it as the full rules
+    // would; anything else (blanks inside, "D" exponents, a plus sign, text behind) goes the long way.
+    if (!s.empty() && (IsDigit(s[0]) || s[0] == '-' || s[0] == '.')) {
+        bool plain = true;
+        for (char c : s)
+            if (!(IsDigit(c) || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E')) {
+                plain = false;
+                break;
+            }
+        double v = 0;
+        if (plain) {
+            const auto res = std::from_chars(s.data(), s.data() + s.size(), v);
+            if (res.ec == std::errc() && res.ptr == s.data() + s.size()) return v;
+        }
+    }
     std::string clean;
     clean.reserve(s.size());
     size_t i = 0;

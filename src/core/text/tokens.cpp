@@ -70,8 +70,9 @@ int CountTokens(std::string_view line, std::string& separator) {
 // blank, tab or LF, or - when the line holds an "e" - before a minus that is not the sign of that
 // exponent, so that numbers written together ("1.5e3-2.5") come apart without losing a character.
 std::string NextToken(std::string& line, const std::string& separator, bool allowQuote) {
+    constexpr size_t npos = std::string_view::npos;
     std::string_view s = TrimView(line);
-    std::string token;
+    std::string_view token;
     std::string_view rest;
     if (!separator.empty()) {
         std::string_view sep = separator;
@@ -79,39 +80,48 @@ std::string NextToken(std::string& line, const std::string& separator, bool allo
             sep = "\"";
             s.remove_prefix(1);
         }
-        const auto at = s.find(sep);
-        if (at == std::string_view::npos) {
-            token = std::string(s);
+        const auto at = sep.size() == 1 ? s.find(sep[0]) : s.find(sep);
+        if (at == npos) {
+            token = s;
         } else {
-            token = std::string(s.substr(0, at));
+            token = s.substr(0, at);
             rest = s.substr(at + sep.size());
         }
     } else {
-        size_t end = s.find_first_of(" \t\n");
-        const size_t limit = end == std::string_view::npos ? s.size() : end;
-        const size_t e = s.find_first_of("eE");
-        const size_t m = s.size() > 1 ? s.find('-', 1) : std::string_view::npos;
-        if (e != std::string_view::npos && m != std::string_view::npos && m != e + 1 && m < limit) {
-            token = std::string(s.substr(0, m));
+        // The minus only matters before the first blank; the "e" may stand anywhere in the line.
+        size_t end = npos, e = npos, m = npos;
+        for (size_t i = 0; i < s.size(); ++i) {
+            const char c = s[i];
+            if (c == ' ' || c == '\t' || c == '\n') {
+                end = i;
+                break;
+            }
+            if (m == npos && i >= 1 && c == '-') m = i;
+        }
+        if (m != npos) e = s.find_first_of("eE");
+        const size_t limit = end == npos ? s.size() : end;
+        if (e != npos && m != npos && m != e + 1 && m < limit) {
+            token = s.substr(0, m);
             rest = s.substr(m);
-        } else if (end == std::string_view::npos) {
-            token = std::string(s);
+        } else if (end == npos) {
+            token = s;
         } else {
-            token = std::string(s.substr(0, end));
+            token = s.substr(0, end);
             rest = s.substr(end + 1);
         }
     }
+    std::string out(TrimView(token));
     // The rest stays in `line`, trimmed, cut in place: no copy of the remainder per token.
     const std::string_view kept = TrimView(rest);
     if (kept.empty()) {
         line.clear();
-        return Trim(token);
+        return out;
     }
     const size_t from = size_t(kept.data() - line.data());
     const size_t length = kept.size();
     line.erase(from + length);
     line.erase(0, from);
-    return Trim(token);
+    return out;
 }
 
 std::string FileNameOf(std::string_view path, bool wantDirectory) {
