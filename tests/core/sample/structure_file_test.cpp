@@ -227,6 +227,17 @@ TEST(StructureFile, OverwritingAsksAndKeepsThePreviousFile) {
     EXPECT_EQ(f.dir.read("s.str"), f.dir.read("other.str"));
 }
 
+TEST(StructureFile, ANameThatExistsInAnotherCaseIsThatFile) {
+    Fixture f;
+    f.dir.write("Upper.STR", "100\r\n1\r\nSi\r\n0 0\r\n0 1\r\n");
+    ASSERT_FALSE(ReadStructureFile(f.s, "upper"));
+    EXPECT_TRUE(WriteStructureFile(f.s, "upper"));
+    EXPECT_EQ(f.boxes(), "[WriteStructureFile: filecheck] Over write upper.str?\n");
+    EXPECT_EQ(f.dir.read("Upper.STR"), " 100\r\n 1\r\nSi\r\n 0  0\r\n 0  1\r\n");
+    EXPECT_TRUE(f.dir.exists("Upper.STR~"));
+    EXPECT_FALSE(f.dir.exists("upper.str"));
+}
+
 TEST(StructureFile, GenerationsBeforeNineTakeOnlyShortNames) {
     const std::string refusal = "[Error] Non DOS names not allowed in this version (";
     const std::string tail = "). Please use another name,  or change the version to VKSv9 in the Geometry file\n";
