@@ -5,7 +5,9 @@
 #include <set>
 
 #include "cli.h"
+#include "sample/element_table.h"
 #include "sample/profile_file.h"
+#include "sample/structure_file.h"
 #include "sample/variation_flags.h"
 #include "text/numbers.h"
 
@@ -50,8 +52,16 @@ bool Whole(const std::string& s, int& out) {
     return true;
 }
 
-// The structure's shape from --nle, --inclusions and --roughness (the model of its first flags line).
-bool ApplyShape(Session& s, const Parsed& p) {
+// The structure: read from --structure (with the data tables of the engine directory), or its shape
+// from --nle, --inclusions and --roughness (the model of its first flags line). False for misuse;
+// `read` is false when the structure file could not be read.
+bool ApplyShape(Session& s, const Parsed& p, bool& read) {
+    read = true;
+    if (p.has("--structure")) {
+        if (p.has("--nle") || p.has("--inclusions") || p.has("--roughness")) return false;
+        read = LoadElementTables(s) && !ReadStructureFile(s, p.options.at("--structure"));
+        return true;
+    }
     int nle = 0;
     if (!p.has("--nle") || !Whole(p.options.at("--nle"), nle) || nle < 1) return false;
     s.Structure = StructureRecord{};
@@ -67,7 +77,7 @@ bool ApplyShape(Session& s, const Parsed& p) {
     return true;
 }
 
-const std::set<std::string> kShapeValues = {"--nle", "--roughness"};
+const std::set<std::string> kShapeValues = {"--structure", "--nle", "--roughness"};
 const std::set<std::string> kShapeFlags = {"--inclusions"};
 
 std::string JsonNumber(float v) { return text::GeneralNumber(v); }
@@ -99,9 +109,10 @@ std::string Flag(std::int16_t v) { return std::to_string(v); }
 int Show(Context& c, const std::vector<std::string>& a) {
     const Command& self = Registry().at("profile-show");
     const Parsed p = Parse(a, kShapeValues, kShapeFlags);
-    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p)) return Misuse(self);
+    bool read = false;
+    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p, read)) return Misuse(self);
     ProfileRecord rec;
-    if (!ReadPRF(c.session, p.positional[0], rec, "")) return kFailed;
+    if (!read || !ReadPRF(c.session, p.positional[0], rec, "")) return kFailed;
     if (c.json) {
         c.putString("file", rec.ProfileFile);
         c.put("layers", std::to_string(rec.Layers));
@@ -164,7 +175,9 @@ int Column(Context& c, const std::vector<std::string>& a) {
 int Default(Context& c, const std::vector<std::string>& a) {
     const Command& self = Registry().at("profile-default");
     const Parsed p = Parse(a, kShapeValues, kShapeFlags);
-    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p)) return Misuse(self);
+    bool read = false;
+    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p, read)) return Misuse(self);
+    if (!read) return kFailed;
     const bool done = WriteDefaultPRF(c.session, p.positional[0]);
     if (c.json) c.put("done", JsonBool(done));
     else if (done) std::cout << "wrote " << p.positional[0] << "\n";
@@ -175,9 +188,10 @@ int Default(Context& c, const std::vector<std::string>& a) {
 int Flags(Context& c, const std::vector<std::string>& a) {
     const Command& self = Registry().at("flags-show");
     const Parsed p = Parse(a, kShapeValues, kShapeFlags);
-    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p)) return Misuse(self);
+    bool read = false;
+    if (!p.ok || p.positional.size() != 1 || !ApplyShape(c.session, p, read)) return Misuse(self);
     ProfileRecord rec;
-    if (!ReadPRF(c.session, p.positional[0], rec, "")) return kFailed;
+    if (!read || !ReadPRF(c.session, p.positional[0], rec, "")) return kFailed;
     ReadVariationFlags(c.session, rec);
     if (c.json) {
         c.putString("file", rec.ProfileFile);
@@ -192,15 +206,15 @@ int Flags(Context& c, const std::vector<std::string>& a) {
     return kOk;
 }
 
-const Register show{{"profile-show", "FILE.prf --nle N [--inclusions] [--roughness MODEL]",
-                     "read a profile for a structure of that shape and show its values and fractions", Show}};
+const Register show{{"profile-show", "FILE.prf --structure FILE.str | --nle N [--inclusions] [--roughness MODEL]",
+                     "read a profile for its structure and show its values and fractions", Show}};
 const Register check{{"profile-check", "FILE.prf FILE.str [--speed S] [--mode M]",
                       "check a profile against its structure file for the run of that speed and mode", Check}};
 const Register column{{"profile-column", "add|del|swap FILE.prf N [M]",
                        "insert an all-zero column behind column N, delete column N, or swap columns N and M", Column}};
-const Register fallback{{"profile-default", "FILE.prf --nle N [--inclusions] [--roughness MODEL]",
+const Register fallback{{"profile-default", "FILE.prf --structure FILE.str | --nle N [--inclusions] [--roughness MODEL]",
                          "write the default profile: one 100 TFU layer of each pure logical element", Default}};
-const Register flags{{"flags-show", "FILE.prf --nle N [--inclusions] [--roughness MODEL]",
+const Register flags{{"flags-show", "FILE.prf --structure FILE.str | --nle N [--inclusions] [--roughness MODEL]",
                       "the variation flags of a profile: from VKSPRF.ORD of the working directory, or by default",
                       Flags}};
 

@@ -26,3 +26,12 @@ has "$WORK/out" "  1: 0 1 1 1"
 has "$WORK/out" "  2: 1 0 0 0"
 expect_status 0 "$CLI" --json flags-show r.prf --nle 1
 has "$WORK/out" '"flags":[[-1,-1],[-1,-1]]'
+# With the structure file itself (read with the engine directory's data tables): two logical elements
+# and roughness model 1.
+ENGINE="$EXAMPLES/engine"
+expect_status 0 "$CLI" --engine-dir "$ENGINE" --json profile-show r.prf --structure s.str
+has "$WORK/out" '"profileLE":2,"hasRoughColumns":true,"hasRoughFlag":false'
+expect_status 0 "$CLI" --engine-dir "$ENGINE" profile-default d.prf --structure s.str
+same d.prf <(printf '2\r\n100 1 0 0 0 \r\n100 0 1 0 0 \r\n')
+expect_status 1 "$CLI" --engine-dir "$ENGINE" flags-show r.prf --structure gone.str
+expect_status 2 "$CLI" flags-show r.prf --structure s.str --nle 2
