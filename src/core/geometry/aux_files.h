@@ -17,9 +17,10 @@ struct AuxFileState {
     std::string SRIMPath;       // the SRIM installation
     bool SRIMChecked = false;   // CheckSRIM has run in this session
     bool DEPTHChecked = false;  // CheckDEPTH has run in this session
-    // Starts the user's text editor on a file and returns at once (the program sets it; unset, the
-    // file is not opened but the pause still comes).
-    std::function<void(const std::string& path)> EditFile;
+    // Starts the user's text editor on a file and returns at once. `command` is the editor command as
+    // the files' home desktop has it ("notepad.exe" and the file), for the program to map onto the
+    // user's own text editor; `path` is the file alone. Unset, nothing opens but the pause still comes.
+    std::function<void(const std::string& command, const std::string& path)> EditFile;
 };
 
 // Verifies a non-Rutherford cross-section file for the loaded geometry (its scattering angle, beam

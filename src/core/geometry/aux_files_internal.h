@@ -1,6 +1,7 @@
 #pragma once
 // Pieces shared by the checks of auxiliary files: how their lines are cut and where their names point.
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,10 @@ namespace halvo {
 struct Session;
 
 namespace auxfile {
+
+// A message from its text as it stands, each placeholder ("<file>") replaced by its value.
+std::string Fill(std::string_view pattern,
+                 std::initializer_list<std::pair<std::string_view, std::string_view>> values);
 
 // The words of a line as the engine's reader cuts them (blanks, tabs, and a minus after a number
 // with an exponent).

@@ -51,12 +51,14 @@ void CheckSRIM(Session& s) {
         std::error_code ec;
         const std::uintmax_t length = std::filesystem::file_size(*found, ec);
         if (ec || length <= f.longerThan)
-            list += std::string(f.name) + " suspected corrupt (length(=" + text::CStr(int(ec ? 0 : length)) + ")\n";
+            list += std::string(f.name) + " " +
+                    Fill("suspected corrupt (length(=<n>)", {{"<n>", text::CStr(int(ec ? 0 : length))}}) + "\n";
     }
     if (list.empty()) return;
     WarningBox(s,
-               "SRIM03 stopping powers have been requested but these files cannot be found (or are suspected of corruption) in the path " +
-                   dir + ":\n" + list + "SRIM 2003 stopping powers are generally highly recommended\n" +
+               Fill("SRIM03 stopping powers have been requested but these files cannot be found (or are suspected of corruption) in the path <path>:",
+                    {{"<path>", dir}}) +
+                   "\n" + list + "SRIM 2003 stopping powers are generally highly recommended\n" +
                    "To call SRIM from a program you need 'SRModule.exe' \n" +
                    "Obviously,  the stopping power tables in 'SCOEF03.dat' and 'SNUC03.dat' are also essential\n" +
                    "You also need the version number in the file 'VERSION': \n" +
@@ -74,8 +76,8 @@ void CheckDEPTH(Session& s) {
             const auto& e = g.Elements[row];
             if (e.Depth && !Existing(InWorkDir(s, e.DepthFile)))
                 WarningBox(s,
-                           "Treifar's DEPTH straggle calculations have been requested but the DEPTH input file " +
-                               e.DepthFile + "cannot be found",
+                           Fill("Treifar's DEPTH straggle calculations have been requested but the DEPTH input file <f>cannot be found",
+                                {{"<f>", e.DepthFile}}),
                            "ReadGeometry: DEPTH output file not found error", mb::Exclamation);
         }
         return;
@@ -88,7 +90,8 @@ void CheckDEPTH(Session& s) {
     } else if (mode == 1) {
         if (s.VKSversion < 9) WarningBox(s, "WDEPTH not available for VKS versions below 9", warningTitle, mb::Exclamation);
     } else {
-        WarningBox(s, "Code error: MDepthParams.MDEPTH = " + text::CStr(int(mode)), warningTitle, mb::Critical);
+        WarningBox(s, Fill("Code error: MDepthParams.MDEPTH = <n>", {{"<n>", text::CStr(int(mode))}}), warningTitle,
+                   mb::Critical);
         return;
     }
     const std::string code = mode == 2 ? "MDEPTH" : "WDEPTH";
@@ -97,16 +100,16 @@ void CheckDEPTH(Session& s) {
     const auto bytes = par ? platform::ReadFileBytes(*par) : std::nullopt;
     if (!bytes) {
         WarningBox(s,
-                   "DEPTH problem:  location of executable could not be determined since parameter file " + parFile +
-                       " could not be found",
+                   Fill("DEPTH problem:  location of executable could not be determined since parameter file <f> could not be found",
+                        {{"<f>", parFile}}),
                    "ReadGeometry DEPTH setup error", mb::Exclamation);
         return;
     }
     const std::int16_t syntax = s.VKSverSyn;
     if (syntax != -1 && syntax != 7 && syntax != 8 && syntax != 9) {
         WarningBox(s,
-                   "Code error: VKSverSyn =" + text::CStr(int(syntax)) +
-                       ";  cannot check for presence of DEPTH executable.",
+                   Fill("Code error: VKSverSyn =<n>;  cannot check for presence of DEPTH executable.",
+                        {{"<n>", text::CStr(int(syntax))}}),
                    warningTitle, mb::Critical);
         return;
     }
@@ -117,10 +120,11 @@ void CheckDEPTH(Session& s) {
     const std::string full = UnderDirectory(s.PathVKS, executable);
     if (!Existing(full))
         WarningBox(s,
-                   "Treifar's DEPTH straggle calculations have been requested but the executable " + executable +
-                       "cannot be found (full pathname not found is: " + full + "\n" +
+                   Fill("Treifar's DEPTH straggle calculations have been requested but the executable <f>cannot be found (full pathname not found is: <p>",
+                        {{"<f>", executable}, {"<p>", full}}) +
+                       "\n" +
                        "You can correct this by using the More button in the geometry file editor,  then the DEPTH edit button",
-                   "ReadGeometry " + code + " installation error", mb::Exclamation);
+                   Fill("ReadGeometry <code> installation error", {{"<code>", code}}), mb::Exclamation);
 }
 
 }  // namespace halvo

@@ -13,12 +13,16 @@ namespace halvo {
 
 using namespace auxfile;
 
+namespace {
+constexpr std::string_view kEfficiencyReason = ", Efficiency must be between [0,100]%!";
+}
+
 std::int16_t CheckEffiFile(Session& s, const std::string& file) {
     const auto found = platform::ResolvePath(InWorkDir(s, file));
     if (!found || platform::IsDirectory(*found)) return -1;
     const auto bytes = platform::ReadFileBytes(*found);
     if (!bytes) return -1;
-    const std::string title = "Module1.CheckEffiFile: " + file;
+    const std::string title = Fill("Module1.CheckEffiFile: <file>", {{"<file>", file}});
     std::int16_t errors = 0, count = 0;
     float first = 0, last = 0;
     int direction = 0;  // +1 increasing, -1 decreasing, once the first pair has set it
@@ -27,9 +31,11 @@ std::int16_t CheckEffiFile(Session& s, const std::string& file) {
     text::LineReader reader(*bytes);
     for (int number = 1; reader.next(line); ++number) {
         if (IsBlank(line)) continue;
-        const auto problem = [&](const std::string& what) {
-            WarningBox(s, "Problem with line " + line + what + " (line #" + text::CStr(number) +
-                              ") of detector efficiency file",
+        // Every problem is told in the words of the efficiency one, with its own reason.
+        const auto problem = [&](std::string_view why) {
+            WarningBox(s,
+                       Fill("Problem with line <line>, Efficiency must be between [0,100]%! (line #<n>) of detector efficiency file",
+                            {{"<line>", line}, {"<n>", text::CStr(number)}, {kEfficiencyReason, why}}),
                        title);
             Count(errors);
         };
@@ -46,7 +52,7 @@ std::int16_t CheckEffiFile(Session& s, const std::string& file) {
             problem(", number out of range");
             continue;
         }
-        if (efficiency < 0 || efficiency > 100) problem(", Efficiency must be between [0,100]%!");
+        if (efficiency < 0 || efficiency > 100) problem(kEfficiencyReason);
         if (count == 1) direction = energy > last ? 1 : energy < last ? -1 : 0;
         if (count >= 1) {
             if (direction >= 0 && !(energy > last)) problem(", Energy not increasing monotonically");
@@ -56,13 +62,14 @@ std::int16_t CheckEffiFile(Session& s, const std::string& file) {
         last = energy;
         Count(count);
     }
-    const std::string verdict = errors == 0 ? "Detector Efficiency file " + file + " parsed OK"
-                                            : "Detector Efficiency file " + file + " did not parse OK (" +
-                                                  text::CStr(int(errors)) + " errors)";
+    const std::string verdict =
+        errors == 0 ? Fill("Detector Efficiency file <file> parsed OK", {{"<file>", file}})
+                    : Fill("Detector Efficiency file <file> ", {{"<file>", file}}) +
+                          Fill("did not parse OK (<n> errors)", {{"<n>", text::CStr(int(errors))}});
     WarningBox(s,
-               verdict + "\n" + text::CStr(int(count)) +
-                   " lines in detector efficiency file,  between enegies " + text::CStr(first) + " and " +
-                   text::CStr(last) + " (keV)",
+               verdict + "\n" +
+                   Fill("<n> lines in detector efficiency file,  between enegies <a> and <b> (keV)",
+                        {{"<n>", text::CStr(int(count))}, {"<a>", text::CStr(first)}, {"<b>", text::CStr(last)}}),
                title, mb::Information);
     return errors;
 }

@@ -14,6 +14,25 @@ namespace halvo {
 
 namespace auxfile {
 
+std::string Fill(std::string_view pattern,
+                 std::initializer_list<std::pair<std::string_view, std::string_view>> values) {
+    std::string out;
+    out.reserve(pattern.size() + 64);
+    for (size_t i = 0; i < pattern.size();) {
+        bool replaced = false;
+        for (const auto& [key, value] : values) {
+            if (!key.empty() && pattern.compare(i, key.size(), key) == 0) {
+                out += value;
+                i += key.size();
+                replaced = true;
+                break;
+            }
+        }
+        if (!replaced) out += pattern[i++];
+    }
+    return out;
+}
+
 const std::vector<std::string>& WordCutter::operator()(std::string_view line) {
     static const std::string none;
     words_.clear();
@@ -68,7 +87,7 @@ using namespace auxfile;
 
 namespace {
 
-std::string ErrorTitle(const std::string& file) { return "VerifyNonRFile: error for " + file; }
+std::string ErrorTitle(const std::string& file) { return Fill("VerifyNonRFile: error for <file>", {{"<file>", file}}); }
 
 // The directory of the cross-section files, without its final separator; false when it is given
 // and is no directory.
@@ -79,7 +98,7 @@ bool EBSDirectoryUsable(Session& s) {
     const std::string path = UnderDirectory(s.FilePath, dir);
     if (platform::IsDirectory(path)) return true;
     if (const auto found = platform::ResolvePath(path); found && platform::IsDirectory(*found)) return true;
-    WarningBox(s, "EBSFilePath " + dir + "does not appear to exist", "VerifyNonRFile error ");
+    WarningBox(s, Fill("EBSFilePath <path>does not appear to exist", {{"<path>", dir}}), "VerifyNonRFile error ");
     return false;
 }
 
@@ -95,7 +114,7 @@ bool VerifyNonRFile(Session& s, const std::string& given, bool quiet, std::int16
     try {
         const auto found = platform::ResolvePath(file);
         if (!found || platform::IsDirectory(*found)) {
-            WarningBox(s, "Non-Rutherford file " + file + "does not appear to exist", ErrorTitle(file));
+            WarningBox(s, Fill("Non-Rutherford file <file>does not appear to exist", {{"<file>", file}}), ErrorTitle(file));
             Count(errors);
             return false;
         }
@@ -116,15 +135,17 @@ bool VerifyNonRFile(Session& s, const std::string& given, bool quiet, std::int16
                                   : CheckPlainNonR(s, file, in, head, quiet, errors);
         if (scan.legal && scan.last < s.Geometry.Energy) {
             WarningBox(s,
-                       "Maximum energy (" + text::CStr(scan.last) + " keV) in EBS Xsection file (" + file +
-                           " for geometry file " + s.Geometry.Name + ") is less than the beam energy (" +
-                           text::CStr(s.Geometry.Energy) + " keV)!",
-                       "VerifyNonRFile warning (" + text::CStr(int(s.CurrentSample)) + ")");
+                       Fill("Maximum energy (<e> keV) in EBS Xsection file (<file> for geometry file <g>) is less than the beam energy (<E> keV)!",
+                            {{"<e>", text::CStr(scan.last)},
+                             {"<file>", file},
+                             {"<g>", s.Geometry.Name},
+                             {"<E>", text::CStr(s.Geometry.Energy)}}),
+                       Fill("VerifyNonRFile warning (<sample>)", {{"<sample>", text::CStr(int(s.CurrentSample))}}));
             Count(warnings);
         }
     } catch (const std::exception&) {
         // A number beyond range, an unreadable file: what the routine's own trap reported.
-        WarningBox(s, "Unknown problem with Non-Rutherford file " + file, ErrorTitle(file));
+        WarningBox(s, Fill("Unknown problem with Non-Rutherford file <file>", {{"<file>", file}}), ErrorTitle(file));
         Count(errors);
     }
     return errors == errorsBefore;
@@ -138,13 +159,14 @@ bool AskFixNonRFile(Session& s, const std::string& file, bool quiet) {
         // No is the default button, so that a run without answers ends.
         int buttons = mb::YesNoCancel + mb::Question + mb::DefaultButton2;
         std::string suffix = " (Press Cancel to silence this message and default to 'No')";
-        WarningBox(s, "Do you want to fix the errors in file " + path,
+        WarningBox(s, Fill("Do you want to fix the errors in file <file>", {{"<file>", path}}),
                    "Geometry2.check1:  bad format in NonRutherford file", buttons, suffix);
         // With warnings off nothing is asked and the answer stays No.
         if (buttons != mb::Yes) return false;
         if (s.Aux.EditFile) {
             const auto found = platform::ResolvePath(path);
-            s.Aux.EditFile(found ? *found : path);
+            const std::string& target = found ? *found : path;
+            s.Aux.EditFile(Fill("notepad.exe <file>", {{"<file>", target}}), target);
         }
         MsgBox(s, "Pausing until you are ready ... (press OK to continue)", mb::OKOnly,
                "Geometry2.check1:  bad format in NonRutherford file");

@@ -10,7 +10,8 @@ namespace halvo::auxfile {
 namespace {
 
 // The header's letters in the order given, or "" when the line is no header: one to three words,
-// each starting with a different one of m, t, c.
+// each starting with a different one of m, t, c. So "m t" is a header, and "m m" is a data line
+// (and an illegal one).
 std::string HeaderLetters(const std::vector<std::string>& words) {
     if (words.empty() || words.size() > 3) return {};
     std::string letters;
@@ -44,18 +45,18 @@ NonRScan CheckPlainNonR(Session& s, const std::string& file, NumberedLines& in, 
     WordCutter words;
     const std::string letters = HeaderLetters(words(head));
     if (!letters.empty() && !quiet)
-        WarningBox(s, HeaderText(letters), "VerifyNonRFile (" + sample + ")", mb::Information);
+        WarningBox(s, HeaderText(letters), Fill("VerifyNonRFile (<sample>)", {{"<sample>", sample}}), mb::Information);
     // Without a header the first line is the first data line.
     std::string line = letters.empty() ? head : std::string();
     for (bool more = letters.empty() || in.next(line); more; more = in.next(line)) {
         if (IsBlank(line)) continue;
         const auto& w = words(line);
         if (w.size() != 2 || !AllNumeric(w)) {
-            WarningBox(s, "Non-Rutherford file contains illegal string: " + line,
-                       "VerifyNonRFile: error for " + file);
+            WarningBox(s, Fill("Non-Rutherford file contains illegal string: <line>", {{"<line>", line}}),
+                       Fill("VerifyNonRFile: error for <file>", {{"<file>", file}}));
             Count(errors);
             WarningBox(s, "Verify Non-Rutherford cross-section file: ILLEGAL for VKS (it will ignore this EBS!)",
-                       "VerifyNonRFile (" + file + "): ERROR for Sample Number = " + sample);
+                       Fill("VerifyNonRFile (<file>): ERROR for Sample Number = <n>", {{"<file>", file}, {"<n>", sample}}));
             return scan;
         }
         const float energy = text::CSng(text::Val(w[0]));
@@ -66,9 +67,10 @@ NonRScan CheckPlainNonR(Session& s, const std::string& file, NumberedLines& in, 
     scan.legal = true;
     if (!quiet)
         WarningBox(s,
-                   "File " + file + " has " + text::CStr(int(scan.lines)) + " lines,  The header is " + letters +
-                       ": m is mb/sr, t is total Xsection (NRA), c is centre of mass.  Units are Relative to Rutherford, lab system (or mbarns/sr for NRA).",
-                   "VerifyNonRFile (" + file + "): OK for Sample Number = " + sample, mb::Information);
+                   Fill("File <file> has <n> lines,  The header is <h>: m is mb/sr, t is total Xsection (NRA), c is centre of mass.  Units are Relative to Rutherford, lab system (or mbarns/sr for NRA).",
+                        {{"<file>", file}, {"<n>", text::CStr(int(scan.lines))}, {"<h>", letters}}),
+                   Fill("VerifyNonRFile (<file>): OK for Sample Number = <n>", {{"<file>", file}, {"<n>", sample}}),
+                   mb::Information);
     return scan;
 }
 

@@ -39,7 +39,7 @@ bool StartsWithTag(std::string_view line, const char* tag) {
 NonRScan CheckR33(Session& s, const std::string& file, NumberedLines& in, const std::string&, bool quiet,
                   std::int16_t& errors, std::int16_t& warnings) {
     NonRScan scan;
-    const std::string formatTitle = "Non-Rutherford file has illegal R33 format " + file;
+    const std::string formatTitle = Fill("Non-Rutherford file has illegal R33 format <file>", {{"<file>", file}});
     std::array<std::string, kIdentifiers.size()> values;
     size_t next = 1;  // the first line holds "comment:"
     WordCutter words;
@@ -56,8 +56,8 @@ NonRScan CheckR33(Session& s, const std::string& file, NumberedLines& in, const 
         const auto& w = words(line);
         if (!AllNumeric(w)) {
             WarningBox(s,
-                       "Non-Rutherford file in R33 format contains illegal string: " + raw + " at line number" +
-                           text::CStr(in.number()),
+                       Fill("Non-Rutherford file in R33 format contains illegal string: <line> at line number<n>",
+                            {{"<line>", raw}, {"<n>", text::CStr(in.number())}}),
                        formatTitle);
             Count(errors);
             return scan;
@@ -74,21 +74,27 @@ NonRScan CheckR33(Session& s, const std::string& file, NumberedLines& in, const 
     }
     scan.legal = true;
     const float theta = text::CSng(text::Val(values[kTheta]));
+    const std::string sample = text::CStr(int(s.CurrentSample));
     if (theta != s.Geometry.Scatter) {
         WarningBox(s,
-                   "R33 file (nonRBS cross-sections) is for scattering angle " + text::CStr(theta) +
-                       " not value in Geo file " + text::CStr(s.Geometry.Scatter),
-                   "VerifyNonRFile warning (" + text::CStr(int(s.CurrentSample)) + ")");
+                   Fill("R33 file (nonRBS cross-sections) is for scattering angle <a> not value in Geo file <b>",
+                        {{"<a>", text::CStr(theta)}, {"<b>", text::CStr(s.Geometry.Scatter)}}),
+                   Fill("VerifyNonRFile warning (<sample>)", {{"<sample>", sample}}));
         Count(warnings);
     }
     if (!quiet)
         WarningBox(s,
-                   "R33 file " + file + " has" + text::CStr(int(scan.lines)) +
-                       " lines,    and has cross-sections between " + text::CStr(scan.first) + "keV and " +
-                       text::CStr(scan.last) + "keV.    Units: " + values[kUnits] + "; source: " + values[kSource] +
-                       "; reaction: " + values[kReaction] + "; theta: " + values[kTheta],
-                   "VerifyNonRFile for " + file + " (R33): OK for Sample Number = " +
-                       text::CStr(int(s.CurrentSample)) + " and Geofile = " + s.Geometry.Name,
+                   Fill("R33 file <file> has<n> lines,    and has cross-sections between <low>keV and <high>keV.    Units: <units>; source: <source>; reaction: <reaction>; theta: <theta>",
+                        {{"<file>", file},
+                         {"<n>", text::CStr(int(scan.lines))},
+                         {"<low>", text::CStr(scan.first)},
+                         {"<high>", text::CStr(scan.last)},
+                         {"<units>", values[kUnits]},
+                         {"<source>", values[kSource]},
+                         {"<reaction>", values[kReaction]},
+                         {"<theta>", values[kTheta]}}),
+                   Fill("VerifyNonRFile for <file> (R33): OK for Sample Number = <n> and Geofile = <g>",
+                        {{"<file>", file}, {"<n>", sample}, {"<g>", s.Geometry.Name}}),
                    mb::Information);
     return scan;
 }

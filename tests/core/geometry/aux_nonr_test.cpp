@@ -91,8 +91,8 @@ TEST(AuxNonR, AskFixOpensTheEditorAndVerifiesAgain) {
     t.session.Aux.EBSFilePath = f.ebs;
     t.session.Geometry.Scatter = 170;
     std::vector<std::string> edited;
-    t.session.Aux.EditFile = [&](const std::string& path) {
-        edited.push_back(path);
+    t.session.Aux.EditFile = [&](const std::string& command, const std::string& path) {
+        edited.push_back(command);
         std::ofstream(path, std::ios::binary | std::ios::trunc) << "m t\r\n1000 12.5\r\n3000 14.0\r\n";
     };
     t.answers.push(mb::OK);   // illegal string
@@ -100,7 +100,7 @@ TEST(AuxNonR, AskFixOpensTheEditorAndVerifiesAgain) {
     t.answers.push(mb::Yes);  // fix it
     EXPECT_TRUE(AskFixNonRFile(t.session, "plain_mm.dat", true));
     ASSERT_EQ(edited.size(), 1u);
-    EXPECT_EQ(edited[0], f.ebs + "/plain_mm.dat");
+    EXPECT_EQ(edited[0], "notepad.exe " + f.ebs + "/plain_mm.dat");
     EXPECT_EQ(Placeholders(t.answers.transcriptText(), f),
               "[VerifyNonRFile: error for <ebs>/plain_mm.dat] Non-Rutherford file contains illegal string: m m"
               " (press Cancel to silence this message)\n"
@@ -120,7 +120,7 @@ TEST(AuxNonR, AskFixNoAndCancelLeaveTheFileAlone) {
         TestSession t(f.dir.path());
         t.session.Aux.EBSFilePath = f.ebs;
         int opened = 0;
-        t.session.Aux.EditFile = [&](const std::string&) { ++opened; };
+        t.session.Aux.EditFile = [&](const std::string&, const std::string&) { ++opened; };
         t.answers.push(mb::OK);
         t.answers.push(mb::OK);
         t.answers.push(answer);
@@ -139,7 +139,7 @@ TEST(AuxNonR, AskFixWithWarningsOffDefaultsToNo) {
     t.session.Aux.EBSFilePath = f.ebs;
     SetWarningsFlag(t.session, false);
     int opened = 0;
-    t.session.Aux.EditFile = [&](const std::string&) { ++opened; };
+    t.session.Aux.EditFile = [&](const std::string&, const std::string&) { ++opened; };
     EXPECT_FALSE(AskFixNonRFile(t.session, "missing.dat", false));
     EXPECT_EQ(opened, 0);
     EXPECT_TRUE(t.answers.transcript().empty());
@@ -151,7 +151,7 @@ TEST(AuxNonR, AskFixRepeatsUntilTheUserDeclines) {
     TestSession t(f.dir.path());
     t.session.Aux.EBSFilePath = f.ebs;
     int opened = 0;
-    t.session.Aux.EditFile = [&](const std::string&) { ++opened; };
+    t.session.Aux.EditFile = [&](const std::string&, const std::string&) { ++opened; };
     for (int round = 0; round < 2; ++round) {
         t.answers.push(mb::OK);
         t.answers.push(mb::Yes);
