@@ -173,10 +173,16 @@ bool WriteFileSafely(std::string_view path, std::string_view bytes) {
     }
     std::error_code ec;
     if (fs::is_regular_file(target, ec)) {
-        fs::copy_file(target, target + "~", fs::copy_options::overwrite_existing, ec);
-        if (ec) {
-            std::remove(temp.c_str());
-            return false;
+        // The old contents stay under "<name>~": a hard link costs nothing and survives the rename below;
+        // where links are not to be had, a copy.
+        const std::string backup = target + "~";
+        std::remove(backup.c_str());
+        if (::link(target.c_str(), backup.c_str()) != 0) {
+            fs::copy_file(target, backup, fs::copy_options::overwrite_existing, ec);
+            if (ec) {
+                std::remove(temp.c_str());
+                return false;
+            }
         }
     }
     if (std::rename(temp.c_str(), target.c_str()) != 0) {
