@@ -105,9 +105,9 @@ void PixeFoils(GeoReader& r, std::string& tail) {
     }
     g.PixeFoilCount = text::CInt(text::Val(count));
     for (int i = 1; i <= g.PixeFoilCount; ++i) {
+        r.need();
         if (i > kMaxPixeFoils) RaiseSubscript();
         PixeFoil& foil = g.PixeFoils[size_t(i)];
-        r.need();
         std::string rest = r.line;
         const std::string thickness = Cut(rest);
         if (!text::IsNumeric(thickness)) r.fail(Failure::ReadGeom3);

@@ -27,20 +27,25 @@ void Foil(Fields& f, const std::string& name, const GeoFoil& foil) {
     f.add(name + ".Composition", Composition(foil.Composition));
 }
 
-// The fields of a row that differ from a fresh row; the name always.
+// Every field of a row with a setting; of a fresh row only its name.
 void Row(Fields& f, size_t index, const GeoElementOptions& e) {
-    static const GeoElementOptions fresh;
     const std::string p = "Elements[" + std::to_string(index) + "].";
     f.add(p + "ElementName", e.ElementName);
-    auto flag = [&](const char* name, std::int16_t v, std::int16_t d) {
-        if (v != d) f.add(p + name, v);
+    Fields all;
+    bool set = false;
+    auto flag = [&](const char* name, std::int16_t v, std::int16_t fresh) {
+        set = set || v != fresh;
+        all.add(p + name, v);
     };
-    auto num = [&](const char* name, float v, float d) {
-        if (v != d) f.add(p + name, v);
+    auto num = [&](const char* name, float v, float fresh) {
+        set = set || v != fresh;
+        all.add(p + name, v);
     };
     auto str = [&](const char* name, const std::string& v) {
-        if (!v.empty()) f.add(p + name, v);
+        set = set || !v.empty();
+        all.add(p + name, v);
     };
+    static const GeoElementOptions fresh;
     flag("NonR", e.NonR, fresh.NonR);
     str("NonRFile", e.NonRFile);
     flag("AllRes", e.AllRes, fresh.AllRes);
@@ -57,8 +62,7 @@ void Row(Fields& f, size_t index, const GeoElementOptions& e) {
     flag("MsShort", e.MsShort, fresh.MsShort);
     flag("ThinFilm", e.ThinFilm, fresh.ThinFilm);
     flag("MsCutoff", e.MsCutoff, fresh.MsCutoff);
-    for (size_t i = 0; i < e.MsCoef.size(); ++i)
-        num(("MsCoef[" + std::to_string(i) + "]").c_str(), e.MsCoef[i], 0);
+    for (size_t i = 0; i < e.MsCoef.size(); ++i) num(("MsCoef[" + std::to_string(i) + "]").c_str(), e.MsCoef[i], 0);
     for (size_t i = 0; i < e.ThinFilmCoef.size(); ++i)
         num(("ThinFilmCoef[" + std::to_string(i) + "]").c_str(), e.ThinFilmCoef[i], 0);
     flag("IonStopSet", e.IonStopSet, fresh.IonStopSet);
@@ -84,6 +88,7 @@ void Row(Fields& f, size_t index, const GeoElementOptions& e) {
     str("MolStopFileDet", e.MolStopFileDet);
     str("ElStopFileDet", e.ElStopFileDet);
     flag("MsOverride", e.MsOverride, 0);
+    if (set) f.out.insert(f.out.end(), all.out.begin(), all.out.end());
 }
 
 }  // namespace

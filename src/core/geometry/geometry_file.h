@@ -24,7 +24,8 @@ void ResetGeometry(Session& s);
 void ResetIndirection(Session& s, std::int16_t notIndirected, const std::string& baseName);
 
 // Reads `name` (".geo" added when it has no dot; the working directory when it has no directory).
-void ReadGeometry(Session& s, const std::string& name);
+// True when the read reached the end of the file (the boxes have told the user otherwise).
+bool ReadGeometry(Session& s, const std::string& name);
 
 // The exit angle by geometry type, upper-cased: IBM, CORNELL, GENERAL (exit as given), else 0.
 float ExitAngle(const std::string& geomType, float scatter, float incidence, float exit);
@@ -34,8 +35,8 @@ float ExitAngle(const std::string& geomType, float scatter, float incidence, flo
 bool IsGeomValid(Session& s, const GeometryRecord& g, bool warnFlag, bool fileWarnFlag);
 
 // The record as "name value" pairs, field by field in declared order: element rows as
-// "Elements[n].Field" (only rows and fields that differ from a fresh row, with the row's name),
-// foils by their composition text. For display and for tests.
+// "Elements[n].Field" (every field of a row with a setting, only the name of a fresh row), foils by
+// their composition text. For display and for tests.
 std::vector<std::pair<std::string, std::string>> GeometryFields(const GeometryRecord& g);
 
 // The physical lines of one geometry file, read as the engine reads them: each line trimmed, comment

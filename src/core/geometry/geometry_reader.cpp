@@ -341,7 +341,8 @@ struct FileName {
 FileName Locate(const Session& s, const std::string& given) {
     FileName f{given, given, {}};
     if (f.withExt.find('.') == std::string::npos) f.withExt += ".geo";
-    f.path = InWorkDir(s, f.withExt);
+    // A relative directory is taken from the working directory, as the engine started there does.
+    f.path = platform::JoinPath(s.FilePath, f.withExt);
     return f;
 }
 
@@ -426,7 +427,7 @@ void ReadPileSpeed(Session& s) {
     s.Geometry.AdvGeomPileup.Speed = text::Val(geo::Cut(first)) == 1 ? -1 : 0;
 }
 
-void ReadFile(Session& s, const std::string& given, bool isBase, int depth);
+bool ReadFile(Session& s, const std::string& given, bool isBase, int depth);
 
 // A derived file: the base file is read first, then this file's fixed lines are checked into a
 // scratch record, and only its keyword lines change the record (ENERGY, SOLID and MSPOLY directly;
@@ -438,6 +439,7 @@ void ReadDerived(GeoReader& r, const std::string& given, int depth, std::string&
     geo::Cut(rest);
     base = geo::Cut(rest);
     if (!FileExists(s, Locate(s, base).path, -1)) r.fail(Failure::ReadgeoBase);
+    if (depth >= kMaxIndirection) throw RuntimeFault(RuntimeFault::OutOfStackSpace, "Out of stack space");
     ReadFile(s, base, true, depth + 1);
     g.Name = given;
     ResetIndirection(s, 0, base);
@@ -487,7 +489,7 @@ void ReadDerived(GeoReader& r, const std::string& given, int depth, std::string&
     g.Indirected = -1;
 }
 
-void ReadFile(Session& s, const std::string& given, bool isBase, int depth) {
+bool ReadFile(Session& s, const std::string& given, bool isBase, int depth) {
     GeometryRecord& g = s.Geometry;
     const FileName f = Locate(s, given);
     const auto path = FileExists(s, f.path, -1) ? platform::ResolvePath(f.path) : std::nullopt;
@@ -496,24 +498,23 @@ void ReadFile(Session& s, const std::string& given, bool isBase, int depth) {
         WarningBox(s, Fill("Geometry file <name> not found", {{"<name>", f.withExt}}),
                    Fill("ReadGeometry read error for file <name>", {{"<name>", f.withExt}}));
         g.Syntax = -1;
-        return;
+        return false;
     }
     g.Name = given;
     GeoReader r(s, f.withExt, *bytes, g.Comments);
     g.Comments.assign(size_t(r.source.LineCount()) + 1, std::string());
     std::string base;
     try {
-        if (depth > kMaxIndirection) throw RuntimeFault(RuntimeFault::OutOfStackSpace, "Out of stack space");
         r.need();
         if (text::Upper(std::string_view(r.line).substr(0, 7)) == "READGEO") {
             ReadDerived(r, given, depth, base);
-            return;
+            return true;
         }
         if (HasDirectory(given) && !isBase) {
             MsgBox(s, "Geometry file is pathname,  not filename", mb::OKOnly,
                    Fill("Read Error in Geometry file <name>", {{"<name>", f.withExt}}));
             g.Syntax = -1;
-            return;
+            return false;
         }
         r.source.Rewind();
         r.lineNo = 1;
@@ -522,18 +523,19 @@ void ReadFile(Session& s, const std::string& given, bool isBase, int depth) {
         ReadPileSpeed(s);
         DetermineSyntax(s);
         FindSigmaCalc(s, std::int16_t(geo::RealRows(s)));
+        return true;
     } catch (const geo::ReadStop& stop) {
         Report(r, stop.kind, base);
-        g.Syntax = -1;
     } catch (const std::exception&) {
         // The read's trap: any run-time fault is reported as an undetermined error at the line reached.
         Report(r, Failure::ReadGeom1, base);
-        g.Syntax = -1;
     }
+    g.Syntax = -1;
+    return false;
 }
 
 }  // namespace
 
-void ReadGeometry(Session& s, const std::string& name) { ReadFile(s, name, false, 0); }
+bool ReadGeometry(Session& s, const std::string& name) { return ReadFile(s, name, false, 0); }
 
 }  // namespace halvo

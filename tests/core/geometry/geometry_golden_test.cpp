@@ -1,0 +1,236 @@
+// The geometry reader on the cases of tests/data/geometry/*.txt. A case file holds cases "=== name",
+// each with sections "--- kind":
+//   session   lines: "structure NAME" (a file of the case, else tests/data/geometry/NAME.str, read as
+//             the current structure before the geometry), "warnings off", "engine N",
+//             "answers Yes No ...", "name NAME" (what ReadGeometry is given; default "case"),
+//             "no workdir" (FilePath empty), "reset" (ResetGeometry before every read; default once),
+//             "read NAME" (a further read into the same record, with the boxes of both)
+//   file NAME a file of the working directory, CR LF added to each line ("\t" stands for a tab); "file"
+//             alone is the geometry, case.geo
+//   rbs       the geometry case.geo: the nine fixed lines of a plain RBS file (kRbsLines), then these
+//   result    "read" or "fail": what ReadGeometry returned (of the last read)
+//   fields    "Field value" lines: each field of GeometryFields must have that value ("" when the line
+//             has no value); an element row without a setting has the fields of a fresh row
+//   messages  the boxes of the read, "[title] text" each, in order; the working directory is written
+//             $DIR, the engine directory $ENGINE
+//   comments  the whole comment store, "n: text" for each line that holds something
+// HALVO_GOLDEN_PRINT=FILE appends what the code makes of each case to FILE, for writing a new case.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "../sample/chemistry_fixture.h"
+#include "geometry/geometry_file.h"
+#include "sample/structure_file.h"
+#include "text/tokens.h"
+
+namespace halvo {
+namespace {
+
+struct GeoCase {
+    std::string name;
+    std::vector<std::string> session;
+    std::vector<std::pair<std::string, std::string>> files;
+    std::string result;
+    std::vector<std::string> fields;
+    bool hasMessages = false, hasComments = false;
+    std::string messages, comments;
+};
+
+std::string Unescape(const std::string& line) {
+    std::string out;
+    for (size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '\\' && i + 1 < line.size() && line[i + 1] == 't') {
+            out += '\t';
+            ++i;
+        } else {
+            out += line[i];
+        }
+    }
+    return out;
+}
+
+// The fixed lines of a plain RBS file; a "--- rbs" section holds the lines that follow them (line 10 on).
+constexpr const char* kRbsLines = "19\r\n60 600\r\n4He 4He\r\n2000\r\n15\r\nIBM\r\n0 165\r\n3.6\r\n1.95 45\r\n";
+
+std::vector<GeoCase> ReadCases(const std::string& data) {
+    std::vector<GeoCase> cases;
+    std::vector<std::string> section;
+    std::string kind;
+    auto flush = [&] {
+        if (cases.empty() || kind.empty()) return;
+        GeoCase& c = cases.back();
+        std::vector<std::string> lines = section;
+        while (!lines.empty() && lines.back().empty()) lines.pop_back();
+        std::string joined;
+        for (const auto& l : lines) joined += l + "\n";
+        if (kind == "session") {
+            c.session = lines;
+        } else if (kind == "rbs") {
+            std::string bytes = kRbsLines;
+            for (const auto& l : lines) bytes += Unescape(l) + "\r\n";
+            c.files.emplace_back("case.geo", bytes);
+        } else if (kind.starts_with("file")) {
+            std::string bytes;
+            for (const auto& l : lines) bytes += Unescape(l) + "\r\n";
+            c.files.emplace_back(kind.size() > 5 ? kind.substr(5) : "case.geo", bytes);
+        } else if (kind == "result") {
+            c.result = lines.empty() ? "" : lines[0];
+        } else if (kind == "fields") {
+            c.fields = lines;
+        } else if (kind == "messages") {
+            c.hasMessages = true;
+            c.messages = joined;
+        } else if (kind == "comments") {
+            c.hasComments = true;
+            for (const auto& l : lines) c.comments += Unescape(l) + "\n";
+        }
+    };
+    std::istringstream in(data);
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("=== ")) {
+            flush();
+            kind.clear();
+            cases.push_back({});
+            cases.back().name = line.substr(4);
+        } else if (line.starts_with("--- ")) {
+            flush();
+            kind = line.substr(4);
+            section.clear();
+        } else if (!kind.empty()) {
+            section.push_back(line);
+        }
+    }
+    flush();
+    return cases;
+}
+
+// The fields of a fresh element row, which GeometryFields leaves out of a row without a setting.
+const std::map<std::string, std::string>& FreshRow() {
+    static const std::map<std::string, std::string> fresh = [] {
+        GeometryRecord g;
+        g.Elements[0].NonR = -1;  // a setting, so that every field is listed
+        std::map<std::string, std::string> out;
+        for (const auto& [k, v] : GeometryFields(g))
+            if (k.starts_with("Elements[0].")) out[k.substr(12)] = v;
+        out["NonR"] = "0";
+        return out;
+    }();
+    return fresh;
+}
+
+std::string FieldValue(const std::map<std::string, std::string>& fields, const std::string& name) {
+    if (const auto it = fields.find(name); it != fields.end()) return it->second;
+    const auto dot = name.find("].");
+    if (name.starts_with("Elements[") && dot != std::string::npos) {
+        const auto it = FreshRow().find(name.substr(dot + 2));
+        if (it != FreshRow().end()) return it->second;
+    }
+    return "";
+}
+
+struct Outcome {
+    bool read = false;
+    std::map<std::string, std::string> fields;
+    std::vector<std::pair<std::string, std::string>> ordered;
+    std::string messages, comments;
+};
+
+Outcome Run(const GeoCase& c, const test::ScratchDir& dir) {
+    test::ChemSession t;
+    Session& s = t.session;
+    s.FilePath = dir.path();
+    for (const auto& [file, bytes] : c.files) {
+        std::filesystem::create_directories(std::filesystem::path(dir.file(file)).parent_path());
+        dir.write(file, bytes);
+    }
+    std::string name = "case";
+    std::vector<std::string> reads;
+    bool resetEach = false;
+    for (const auto& option : c.session) {
+        std::string rest = option;
+        const std::string key = text::NextToken(rest, " ");
+        if (key == "structure") {
+            if (!dir.exists(rest + ".str")) dir.write(rest + ".str", test::ReadData("geometry/" + rest + ".str"));
+            ReadStructureFile(s, rest, nullptr, &s.ElementList);
+            t.answers.clear();
+        }
+        if (key == "warnings") SetWarningsFlag(s, rest != "off");
+        if (key == "engine") {
+            s.VKSversionNumber = std::int16_t(std::stoi(rest));
+            s.VKSversion = std::int16_t(s.VKSversionNumber / 1000);
+        }
+        if (key == "name") name = rest;
+        if (key == "read") reads.push_back(rest);
+        if (key == "reset") resetEach = true;
+        if (key == "no") s.FilePath.clear();
+        if (key == "answers")
+            while (!rest.empty()) t.answers.push(AnswerFromName(text::NextToken(rest, " ")));
+    }
+    reads.insert(reads.begin(), name);
+    Outcome o;
+    for (size_t i = 0; i < reads.size(); ++i) {
+        if (i == 0 || resetEach) ResetGeometry(s);
+        o.read = ReadGeometry(s, reads[i]);
+    }
+    o.ordered = GeometryFields(s.Geometry);
+    for (const auto& [k, v] : o.ordered) o.fields[k] = v;
+    o.messages = t.answers.transcriptText();
+    for (const auto& [path, mark] : {std::pair{dir.path(), "$DIR"}, std::pair{s.PathVKS, "$ENGINE"}})
+        for (size_t at; (at = o.messages.find(path)) != std::string::npos;) o.messages.replace(at, path.size(), mark);
+    for (size_t n = 0; n < s.Geometry.Comments.size(); ++n)
+        if (!s.Geometry.Comments[n].empty()) o.comments += std::to_string(n) + ": " + s.Geometry.Comments[n] + "\n";
+    return o;
+}
+
+void Print(std::ostream& out, const GeoCase& c, const Outcome& o) {
+    out << "=== " << c.name << "\n--- result\n" << (o.read ? "read" : "fail") << "\n--- fields\n";
+    for (const auto& [k, v] : o.ordered) out << k << " " << v << "\n";
+    out << "--- messages\n" << o.messages << "--- comments\n" << o.comments;
+}
+
+void RunFile(const std::string& file, size_t atLeast) {
+    const auto cases = ReadCases(test::ReadData("geometry/" + file));
+    ASSERT_GE(cases.size(), atLeast) << file;
+    const char* printTo = std::getenv("HALVO_GOLDEN_PRINT");
+    std::ofstream print;
+    if (printTo) print.open(printTo, std::ios::app);
+    for (const GeoCase& c : cases) {
+        SCOPED_TRACE(file + ": " + c.name);
+        test::ScratchDir dir;
+        const Outcome o = Run(c, dir);
+        if (printTo) Print(print, c, o);
+        if (!c.result.empty()) {
+            EXPECT_EQ(c.result, o.read ? "read" : "fail");
+        }
+        for (const std::string& line : c.fields) {
+            const auto blank = line.find(' ');
+            const std::string field = line.substr(0, blank);
+            const std::string want = blank == std::string::npos ? "" : line.substr(blank + 1);
+            EXPECT_EQ(want, FieldValue(o.fields, field)) << field;
+        }
+        if (c.hasMessages) {
+            EXPECT_EQ(c.messages, o.messages);
+        }
+        if (c.hasComments) {
+            EXPECT_EQ(c.comments, o.comments);
+        }
+    }
+}
+
+TEST(GeometryGolden, FixedLines) { RunFile("fixed_lines.txt", 20); }
+TEST(GeometryGolden, CommentStore) { RunFile("comments.txt", 5); }
+TEST(GeometryGolden, Indirection) { RunFile("readgeo.txt", 6); }
+TEST(GeometryGolden, Directives) { RunFile("directives.txt", 30); }
+TEST(GeometryGolden, PileUp) { RunFile("pileup.txt", 8); }
+TEST(GeometryGolden, Foils) { RunFile("foils.txt", 6); }
+TEST(GeometryGolden, ElementLines) { RunFile("element_lines.txt", 12); }
+TEST(GeometryGolden, FilesNamed) { RunFile("files_named.txt", 5); }
+TEST(GeometryGolden, Syntax) { RunFile("syntax.txt", 6); }
+
+}  // namespace
+}  // namespace halvo
