@@ -3,6 +3,7 @@
 
 #include "cli.h"
 #include "platform/files.h"
+#include "sample/element_table.h"
 #include "session/batch_commands.h"
 #include "session/batch_file.h"
 #include "session/derived_names.h"
@@ -16,6 +17,8 @@ namespace {
 // Opens a batch as the open command does: its directory becomes the working directory unless the
 // name has none, in which case --workdir is used.
 bool Open(Context& c, const std::string& path) {
+    // The program loads the data tables at start; the geometries of the sample shown need them.
+    if (!c.engineDir.empty() && !c.session.Tables.IsotopesLoaded) LoadElementTables(c.session);
     const std::string full = path.find_first_of("\\/") == std::string::npos ? platform::JoinPath(c.workDir, path) : path;
     mnuOpenBatch_Click(c.session);
     OpenBatchFile(c.session, full);

@@ -1,8 +1,36 @@
 #include "session/main_view.h"
 
+#include "geometry/geometry_file.h"
 #include "text/numbers.h"
 
 namespace halvo {
+
+namespace {
+
+// Each association's geometry says what its spectrum is: data format, kind and engine generation.
+void ReadGeometries(Session& s, Sample& sample) {
+    sample.HasPixe = false;
+    for (int i = 0; i < sample.NSpectra; ++i) {
+        SpectrumEntry& e = sample.Spectra[size_t(i)];
+        if (e.GeometryFile.empty()) continue;
+        ResetGeometry(s);
+        ReadGeometry(s, e.GeometryFile);
+        const GeometryRecord& g = s.Geometry;
+        if (g.CrossSet && i > 0)
+            MsgBox(s,
+                   "The GEO file directive CROSS (to find EBS cross-sections by MCMC) must be used ONLY in the first GEO file of the sample.",
+                   mb::OKOnly,
+                   "ShowSample, Sample# = " + text::CStr(int(s.CurrentSample)) + ", experiment# = " + text::CStr(i + 1));
+        e.FileFormat = g.FileFormat;
+        e.Syntax = g.Syntax;
+        e.IsPixe = g.IsPixe != 0 || g.FileFormat == 28;
+        e.IsPige = g.IsPige != 0 || g.FileFormat == 32;
+        if (e.IsPixe) sample.HasPixe = true;
+        static_cast<SpectrumEntry&>(s.Experiments[size_t(i)]) = e;
+    }
+}
+
+}  // namespace
 
 const char* const* VerbosityTexts() {
     static const char* const texts[] = {"0 Not Used", "1 EleProfs", "2 EleLays", "3 Verbose!"};
@@ -57,6 +85,7 @@ void ShowSample(Session& s) {
     }
     sample.NGeometries = std::int16_t(l.List2.items.size());
     sample.AllAssociated = sample.NUnassociated == 0;
+    ReadGeometries(s, sample);
     l.Combo3.items.assign(VerbosityTexts(), VerbosityTexts() + 4);
     l.Combo3.index = sample.Verbosity >= 0 && sample.Verbosity <= 3 ? sample.Verbosity : -1;
     l.List6 = s.FilePath;

@@ -20,6 +20,19 @@ struct BatchFixture {
     TestSession t{dir.path()};
     Session& s = t.session;
     void read(const std::string& name = "run.spc") { ReadBatch(s, dir.file(name)); }
+    // The boxes of the batch routines: the main window also reads each association's geometry, and
+    // the geometries these batches name are missing or empty, which is the geometry reader's business.
+    std::vector<ScriptedAnswers::Entry> batchBoxes() const {
+        std::vector<ScriptedAnswers::Entry> out;
+        for (const auto& e : t.answers.transcript())
+            if (!e.message.title.starts_with("ReadGeometry")) out.push_back(e);
+        return out;
+    }
+    std::string boxes() const {
+        std::string out;
+        for (const auto& e : batchBoxes()) out += "[" + e.message.title + "] " + e.message.text + "\n";
+        return out;
+    }
 };
 
 TEST(ReadBatch, TellsLineKindsByTokensAndBrackets) {
@@ -58,7 +71,7 @@ TEST(ReadBatch, TellsLineKindsByTokensAndBrackets) {
     EXPECT_EQ(s.MainTitle, "VKScontrol - run");
     EXPECT_EQ(s.lists.List3.items, (std::vector<std::string>{"h1.dat ==> g1", "p1.dat ==> g2(x)", "l1.dat ==> g3 (1)"}));
     EXPECT_EQ(s.lists.List5.items, (std::vector<std::string>{"1", "2", "3"}));
-    EXPECT_TRUE(f.t.answers.transcript().empty());
+    EXPECT_EQ(f.boxes(), "");
 }
 
 TEST(ReadBatch, DatesComeFromTheFilesExceptForPlainLines) {
@@ -128,7 +141,7 @@ TEST(ReadBatch, OffersToRepairBareLineFeeds) {
         f.t.answers.push(mb::OK);
         f.t.answers.push(answer);
         f.read();
-        EXPECT_EQ(f.t.answers.transcriptText(),
+        EXPECT_EQ(f.boxes(),
                   "[checkBatchFile warning] The batch file " + f.dir.file("run.spc") +
                       " has double-quotes or bare LFs in it (press Cancel to silence this message)\n"
                       "[ReadBatch warning] Do you want to correct file? (Rewrites run.spc)\n");
@@ -170,7 +183,7 @@ TEST(SaveBatchFile, RoundTripGivesTheCanonicalFile) {
     EXPECT_EQ(f.dir.read("run.spc"), test::ReadData("batch/roundtrip.out.spc"));
     EXPECT_EQ(f.dir.read("run.spc~"), test::ReadData(input));
     EXPECT_EQ(f.s.MainTitle, "VKScontrol - run");
-    EXPECT_EQ(f.t.answers.transcriptText(), "");
+    EXPECT_EQ(f.boxes(), "");
   }
 }
 
@@ -183,7 +196,7 @@ TEST(SaveBatchFile, ReportsMissingFilesAndStopsAtAnEmptyName) {
     f.s.dlg_FileName = "run.spc";
     SaveBatchFile(f.s);
     EXPECT_EQ(f.dir.read("run.spc"), "a.dat   1  g  s   2  \r\n");
-    EXPECT_EQ(f.t.answers.transcriptText(),
+    EXPECT_EQ(f.boxes(),
               "[VKScontrol.check1 warning] datafile a.dat appears not to exist in sample# 1 and spectrum# 0\n"
               "[VKScontrol.check1 warning] geometry file g appears not to exist in sample# 1 and spectrum# 0\n"
               "[VKScontrol.check1 warning] structure file s appears not to exist in sample# 1 and spectrum# 0\n"
@@ -202,7 +215,7 @@ TEST(SaveBatchFile, RefusesNamesTheOlderEnginesCannotOpen) {
         f.s.dlg_FileName = name;
         SaveBatchFile(f.s);
     }
-    EXPECT_EQ(f.t.answers.transcriptText(),
+    EXPECT_EQ(f.boxes(),
               "[VKScontrol.check1 warning] with blank.spc is a non DOS name which is not allowed (must be "
               "????????.???, no spaces). Please use another name\n"
               "[VKScontrol.check1 warning] thirteen1.spc is a non DOS name which is not allowed (must be "
@@ -233,7 +246,7 @@ TEST(SaveBatchFile, AsksBeforeOverwritingThroughTheDialog) {
     EXPECT_EQ(f.dir.read("other.spc"), "keep\r\n");
     DLG_Save_batch_OK(f.s, "OTHER.SPC");
     EXPECT_EQ(f.dir.read("other.spc"), "a   1  g  s  \r\n");
-    const auto& boxes = f.t.answers.transcript();
+    const auto boxes = f.batchBoxes();
     ASSERT_GE(boxes.size(), 2u);
     EXPECT_EQ(boxes[0].message.text, "Over write other.spc?");
     EXPECT_EQ(boxes[0].message.buttons, mb::OKCancel);
@@ -251,7 +264,7 @@ TEST(SaveCommands, RefuseASampleWithoutStructureOrAssociations) {
     f.s.current().Structure.clear();
     EXPECT_EQ(mnuSave_Click(f.s), SaveStep::Refused);
     EXPECT_EQ(mnuSaveBatch_Click(f.s), SaveStep::Refused);
-    EXPECT_EQ(f.t.answers.transcriptText(),
+    EXPECT_EQ(f.boxes(),
               "[Error!] Not all Data Files in sample 1 have geometries\n"
               "[SaveBatch Error!] Not all Data Files in sample 1 have geometries\n"
               "[Error!] No structure file selected for this sample - please select one\n"
