@@ -9,7 +9,8 @@ int main(int argc, char** argv) {
     QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/config")).toLocal8Bit());
     qputenv("XDG_RUNTIME_DIR", (home.path() + QStringLiteral("/runtime")).toLocal8Bit());
-    qunsetenv("PATHVKS");
+    // The engine's data tables: the ones shipped with the examples, so that geometries can be read.
+    qputenv("PATHVKS", HALVO_EXAMPLES "/engine");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Halvo"));
     ::testing::InitGoogleTest(&argc, argv);

@@ -138,7 +138,7 @@ protected:
         qputenv("PATHVKS", QFile::encodeName(file("engine")));
         answers.answer(answer);
         const bool started = startOnly();
-        qunsetenv("PATHVKS");
+        qputenv("PATHVKS", HALVO_EXAMPLES "/engine");
         return started;
     }
 };
