@@ -81,6 +81,8 @@ constexpr const char* kWarningTitle = "ReadGeometry warning, file:  <name>";
 
 }  // namespace
 
+// A derived file (read into a scratch record) has its number tested for being negative, and the base
+// file's number, `upperValue`, for being past the last format.
 void GeoReader::fileFormatLine(GeometryRecord& t, const std::string& text, std::int16_t upperValue) {
     std::string rest = text;
     t.FileFormat = text::CInt(text::Val(Cut(rest)));
