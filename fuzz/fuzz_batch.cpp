@@ -10,16 +10,15 @@
 #include "session/batch_commands.h"
 #include "session/batch_file.h"
 #include "session/main_view.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 
 namespace {
 
 const std::string& WorkDir() {
     static const std::string dir = [] {
-        char templ[] = "/tmp/halvo-fuzz-batch-XXXXXX";
-        const char* made = mkdtemp(templ);
-        if (!made) std::abort();
-        return std::string(made);
+        std::string made = halvo::fuzz::MakeScratchDir("batch");
+        return made;
     }();
     return dir;
 }

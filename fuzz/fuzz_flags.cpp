@@ -9,18 +9,15 @@
 #include <string>
 
 #include "sample/variation_flags.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 
 namespace {
 
 const std::string& WorkDir() {
     static const std::string dir = [] {
-        // In memory where there is such a place: every run rewrites files through a rename.
-        std::string templ = access("/dev/shm", W_OK) == 0 ? "/dev/shm/halvo-fuzz-flags-XXXXXX"
-                                                          : "/tmp/halvo-fuzz-flags-XXXXXX";
-        const char* made = mkdtemp(templ.data());
-        if (!made) std::abort();
-        return std::string(made);
+        std::string made = halvo::fuzz::MakeScratchDir("flags");
+        return made;
     }();
     return dir;
 }

@@ -13,6 +13,7 @@
 #include "geometry/geometry_file.h"
 #include "sample/element_table.h"
 #include "sample/structure_file.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 
 namespace {
@@ -20,11 +21,6 @@ namespace {
 std::string Here() {
     std::string here = __FILE__;
     return here.substr(0, here.rfind('/'));
-}
-
-std::string EngineDir() {
-    if (const char* dir = std::getenv("HALVO_ENGINE_DIR")) return dir;
-    return Here() + "/../examples/engine";
 }
 
 struct Fixture {
@@ -35,11 +31,10 @@ struct Fixture {
     halvo::RealElementList elements;
 
     Fixture() {
-        dir = (std::filesystem::temp_directory_path() / ("halvo-fuzz-geometry-" + std::to_string(::getpid()))).string();
-        std::filesystem::create_directories(dir);
+        dir = halvo::fuzz::MakeScratchDir("geometry");
         s.ui = &answers;
-        s.PathVKS = EngineDir();
-        if (!halvo::LoadElementTables(s) || !s.Tables.CompoundsLoaded) std::abort();
+        s.PathVKS = halvo::fuzz::EngineDir();
+        s.Tables = halvo::fuzz::EngineTables();
         s.FilePath = Here() + "/../examples/demo";
         if (halvo::ReadStructureFile(s, "sio2si", nullptr, &elements)) std::abort();
         structure = s.Structure;

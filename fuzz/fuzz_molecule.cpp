@@ -10,28 +10,13 @@
 #include "sample/element_table.h"
 #include "sample/logical_element.h"
 #include "sample/molecule.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 #include "text/fault.h"
 
 namespace {
 
-std::string EngineDir() {
-    if (const char* dir = std::getenv("HALVO_ENGINE_DIR")) return dir;
-    std::string here = __FILE__;
-    return here.substr(0, here.rfind('/')) + "/../examples/engine";
-}
-
-const halvo::DataTables& Tables() {
-    static const halvo::DataTables tables = [] {
-        halvo::DefaultAnswers answers;
-        halvo::Session s;
-        s.ui = &answers;
-        s.PathVKS = EngineDir();
-        if (!halvo::LoadElementTables(s) || !s.Tables.CompoundsLoaded) std::abort();
-        return s.Tables;
-    }();
-    return tables;
-}
+const halvo::DataTables& Tables() { return halvo::fuzz::EngineTables(); }
 
 }  // namespace
 
@@ -40,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static Session s = [] {
         Session session;
         session.Tables = Tables();
-        session.PathVKS = EngineDir();
+        session.PathVKS = halvo::fuzz::EngineDir();
         return session;
     }();
     static DefaultAnswers answers;

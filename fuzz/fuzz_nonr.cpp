@@ -9,22 +9,19 @@
 #include <string>
 
 #include "geometry/aux_files.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 
 namespace {
 
+using halvo::fuzz::Require;
+
 const std::string& WorkDir() {
     static const std::string dir = [] {
-        char templ[] = "/tmp/halvo-fuzz-nonr-XXXXXX";
-        const char* made = mkdtemp(templ);
-        if (!made) std::abort();
-        return std::string(made);
+        std::string made = halvo::fuzz::MakeScratchDir("nonr");
+        return made;
     }();
     return dir;
-}
-
-void Require(bool condition) {
-    if (!condition) std::abort();
 }
 
 }  // namespace
@@ -37,9 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         out.write(reinterpret_cast<const char*>(data), std::streamsize(size));
     }
     const unsigned choice = size > 0 ? data[0] : 0;
-    std::vector<int> script;
-    for (int bit = 0; bit < 8; ++bit) script.push_back(choice >> bit & 1 ? mb::Cancel : mb::OK);
-    ScriptedAnswers answers(script);
+    ScriptedAnswers answers(fuzz::OkCancelScript(choice));
     Session s;
     s.ui = &answers;
     s.FilePath = dir;

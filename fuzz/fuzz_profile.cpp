@@ -10,18 +10,15 @@
 
 #include "sample/profile_file.h"
 #include "sample/variation_flags.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 
 namespace {
 
 const std::string& WorkDir() {
     static const std::string dir = [] {
-        // In memory where there is such a place: every run rewrites files through a rename.
-        std::string templ = access("/dev/shm", W_OK) == 0 ? "/dev/shm/halvo-fuzz-profile-XXXXXX"
-                                                          : "/tmp/halvo-fuzz-profile-XXXXXX";
-        const char* made = mkdtemp(templ.data());
-        if (!made) std::abort();
-        return std::string(made);
+        std::string made = halvo::fuzz::MakeScratchDir("profile");
+        return made;
     }();
     return dir;
 }

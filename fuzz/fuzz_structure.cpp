@@ -13,43 +13,24 @@
 
 #include "sample/element_table.h"
 #include "sample/structure_file.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 #include "text/lines.h"
 
 namespace {
 
-std::string EngineDir() {
-    if (const char* dir = std::getenv("HALVO_ENGINE_DIR")) return dir;
-    std::string here = __FILE__;
-    return here.substr(0, here.rfind('/')) + "/../examples/engine";
-}
+using halvo::fuzz::Require;
 
-const halvo::DataTables& Tables() {
-    static const halvo::DataTables tables = [] {
-        halvo::DefaultAnswers answers;
-        halvo::Session s;
-        s.ui = &answers;
-        s.PathVKS = EngineDir();
-        if (!halvo::LoadElementTables(s) || !s.Tables.CompoundsLoaded) std::abort();
-        return s.Tables;
-    }();
-    return tables;
-}
+const halvo::DataTables& Tables() { return halvo::fuzz::EngineTables(); }
 
 // A working directory with one good formula file, for the "f" lines that name it.
 const std::string& WorkDir() {
     static const std::string dir = [] {
-        char templ[] = "/tmp/halvo-fuzz-structure-XXXXXX";
-        const char* made = mkdtemp(templ);
-        if (!made) std::abort();
-        std::ofstream(std::string(made) + "/conc.txt", std::ios::binary) << "a1*t\r\n1 0 2 1\r\n";
-        return std::string(made);
+        std::string made = halvo::fuzz::MakeScratchDir("structure");
+        std::ofstream(made + "/conc.txt", std::ios::binary) << "a1*t\r\n1 0 2 1\r\n";
+        return made;
     }();
     return dir;
-}
-
-void Require(bool condition) {
-    if (!condition) std::abort();
 }
 
 }  // namespace
@@ -67,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         Session session;
         session.ui = &answers;
         session.Tables = tables;
-        session.PathVKS = EngineDir();
+        session.PathVKS = halvo::fuzz::EngineDir();
         session.FilePath = dir;
         return session;
     }();

@@ -8,28 +8,13 @@
 
 #include "sample/element_table.h"
 #include "sample/molecule.h"
+#include "fuzz_support.h"
 #include "session/session.h"
 #include "text/fault.h"
 
 namespace {
 
-std::string EngineDir() {
-    if (const char* dir = std::getenv("HALVO_ENGINE_DIR")) return dir;
-    std::string here = __FILE__;
-    return here.substr(0, here.rfind('/')) + "/../examples/engine";
-}
-
-const halvo::DataTables& Shipped() {
-    static const halvo::DataTables tables = [] {
-        halvo::DefaultAnswers answers;
-        halvo::Session s;
-        s.ui = &answers;
-        s.PathVKS = EngineDir();
-        if (!halvo::LoadElementTables(s) || !s.Tables.CompoundsLoaded) std::abort();
-        return s.Tables;
-    }();
-    return tables;
-}
+const halvo::DataTables& Shipped() { return halvo::fuzz::EngineTables(); }
 
 }  // namespace
 
