@@ -17,6 +17,8 @@
 // HALVO_GOLDEN_PRINT=FILE appends what the code makes of each case to FILE, for writing a new case.
 #include <gtest/gtest.h>
 
+#include "case_file.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -58,12 +60,7 @@ std::string Unescape(const std::string& line) {
 constexpr const char* kRbsLines = "19\r\n60 600\r\n4He 4He\r\n2000\r\n15\r\nIBM\r\n0 165\r\n3.6\r\n1.95 45\r\n";
 
 std::vector<GeoCase> ReadCases(const std::string& data) {
-    std::vector<GeoCase> cases;
-    std::vector<std::string> section;
-    std::string kind;
-    auto flush = [&] {
-        if (cases.empty() || kind.empty()) return;
-        GeoCase& c = cases.back();
+    return halvo::test::ReadCaseFile<GeoCase>(data, [&](GeoCase& c, const std::string& kind, std::vector<std::string> section) {
         std::vector<std::string> lines = section;
         while (!lines.empty() && lines.back().empty()) lines.pop_back();
         std::string joined;
@@ -89,24 +86,7 @@ std::vector<GeoCase> ReadCases(const std::string& data) {
             c.hasComments = true;
             for (const auto& l : lines) c.comments += Unescape(l) + "\n";
         }
-    };
-    std::istringstream in(data);
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("=== ")) {
-            flush();
-            kind.clear();
-            cases.push_back({});
-            cases.back().name = line.substr(4);
-        } else if (line.starts_with("--- ")) {
-            flush();
-            kind = line.substr(4);
-            section.clear();
-        } else if (!kind.empty()) {
-            section.push_back(line);
-        }
-    }
-    flush();
-    return cases;
+    });
 }
 
 // The fields of a fresh element row, which GeometryFields leaves out of a row without a setting.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "case_file.h"
+
 #include <optional>
 #include <sstream>
 
@@ -25,12 +27,7 @@ struct GoldenCase {
 };
 
 std::vector<GoldenCase> ReadCases(const std::string& data) {
-    std::vector<GoldenCase> cases;
-    std::vector<std::string> section;
-    std::string kind;
-    auto flush = [&] {
-        if (cases.empty() || kind.empty()) return;
-        GoldenCase& c = cases.back();
+    return halvo::test::ReadCaseFile<GoldenCase>(data, [&](GoldenCase& c, const std::string& kind, std::vector<std::string> section) {
         if (kind == "file") {
             std::string bytes;
             for (const auto& l : section) bytes += l + "\r\n";
@@ -50,24 +47,7 @@ std::vector<GoldenCase> ReadCases(const std::string& data) {
         } else if (kind == "messages") {
             c.messages = joined;
         }
-    };
-    std::istringstream in(data);
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("=== ")) {
-            flush();
-            kind.clear();
-            cases.push_back({});
-            cases.back().name = line.substr(4);
-        } else if (line.starts_with("--- ")) {
-            flush();
-            kind = line.substr(4);
-            section.clear();
-        } else if (!kind.empty()) {
-            section.push_back(line);
-        }
-    }
-    flush();
-    return cases;
+    });
 }
 
 std::string Joined(const std::vector<std::string>& items) {

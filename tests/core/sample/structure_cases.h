@@ -11,6 +11,7 @@
 //   record         the record after the read (see Dump)
 //   messages       the boxes of the read and then of the write, "[title] text" each
 //   written        what the writer makes of the record; every line ends in "$", which is cut off
+#include "case_file.h"
 #include <sstream>
 #include <string>
 #include <utility>
@@ -46,12 +47,7 @@ inline std::string Unescape(const std::string& line) {
 }
 
 inline std::vector<StructureCase> ReadStructureCases(const std::string& data) {
-    std::vector<StructureCase> cases;
-    std::vector<std::string> section;
-    std::string kind;
-    auto flush = [&] {
-        if (cases.empty() || kind.empty()) return;
-        StructureCase& c = cases.back();
+    return halvo::test::ReadCaseFile<StructureCase>(data, [&](StructureCase& c, const std::string& kind, std::vector<std::string> section) {
         std::vector<std::string> lines = section;
         while (!lines.empty() && lines.back().empty()) lines.pop_back();
         std::string joined;
@@ -79,24 +75,7 @@ inline std::vector<StructureCase> ReadStructureCases(const std::string& data) {
             c.hasWritten = true;
             for (const auto& l : lines) c.written += (l.ends_with("$") ? l.substr(0, l.size() - 1) : l) + "\r\n";
         }
-    };
-    std::istringstream in(data);
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("=== ")) {
-            flush();
-            kind.clear();
-            cases.push_back({});
-            cases.back().name = line.substr(4);
-        } else if (line.starts_with("--- ")) {
-            flush();
-            kind = line.substr(4);
-            section.clear();
-        } else if (!kind.empty()) {
-            section.push_back(line);
-        }
-    }
-    flush();
-    return cases;
+    });
 }
 
 inline std::string G(float v) { return text::GeneralNumber(v); }

@@ -1,0 +1,38 @@
+#pragma once
+// Case files of the golden tests: "=== name" opens a case, "--- kind" a section of it, and the lines
+// up to the next such line belong to that section. Each test says what a section means for its case.
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace halvo::test {
+
+// `fill(case, kind, lines)` is called once per section; Case needs a `name` member.
+template <class Case, class Fill>
+std::vector<Case> ReadCaseFile(const std::string& data, Fill fill) {
+    std::vector<Case> cases;
+    std::vector<std::string> section;
+    std::string kind;
+    auto flush = [&] {
+        if (!cases.empty() && !kind.empty()) fill(cases.back(), kind, section);
+    };
+    std::istringstream in(data);
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("=== ")) {
+            flush();
+            kind.clear();
+            cases.push_back({});
+            cases.back().name = line.substr(4);
+        } else if (line.starts_with("--- ")) {
+            flush();
+            kind = line.substr(4);
+            section.clear();
+        } else if (!kind.empty()) {
+            section.push_back(line);
+        }
+    }
+    flush();
+    return cases;
+}
+
+}  // namespace halvo::test
