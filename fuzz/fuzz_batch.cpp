@@ -13,26 +13,11 @@
 #include "fuzz_support.h"
 #include "session/session.h"
 
-namespace {
-
-const std::string& WorkDir() {
-    static const std::string dir = [] {
-        std::string made = halvo::fuzz::MakeScratchDir("batch");
-        return made;
-    }();
-    return dir;
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace halvo;
-    const std::string dir = WorkDir();
+    const std::string dir = halvo::fuzz::ScratchDir("batch");
     const int choice = size > 0 ? data[0] : 0;
-    {
-        std::ofstream out(dir + "/fz.spc", std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(data), std::streamsize(size));
-    }
+    fuzz::WriteInput(dir + "/fz.spc", data, size);
     {
         std::ofstream out(dir + "/fz.txt", std::ios::binary | std::ios::trunc);
         out.write(reinterpret_cast<const char*>(data), std::streamsize(size / 2));

@@ -12,27 +12,15 @@
 #include "fuzz_support.h"
 #include "session/session.h"
 
-namespace {
-
-const std::string& WorkDir() {
-    static const std::string dir = [] {
-        std::string made = halvo::fuzz::MakeScratchDir("flags");
-        return made;
-    }();
-    return dir;
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace halvo;
     if (size < 3) return 0;
     {
-        std::ofstream out(WorkDir() + "/VKSPRF.ORD", std::ios::binary | std::ios::trunc);
+        std::ofstream out(halvo::fuzz::ScratchDir("flags") + "/VKSPRF.ORD", std::ios::binary | std::ios::trunc);
         out.write(reinterpret_cast<const char*>(data) + 3, std::streamsize(size - 3));
     }
     Session s;
-    s.FilePath = WorkDir();
+    s.FilePath = halvo::fuzz::ScratchDir("flags");
     s.Structure.NLE = std::int16_t(data[0] % 21);
     ProfileRecord p;
     p.Layers = std::int16_t(data[1] % 41);

@@ -16,23 +16,12 @@ namespace {
 
 using halvo::fuzz::Require;
 
-const std::string& WorkDir() {
-    static const std::string dir = [] {
-        std::string made = halvo::fuzz::MakeScratchDir("nonr");
-        return made;
-    }();
-    return dir;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace halvo;
-    const std::string dir = WorkDir();
-    {
-        std::ofstream out(dir + "/fz.r33", std::ios::binary | std::ios::trunc);
-        out.write(reinterpret_cast<const char*>(data), std::streamsize(size));
-    }
+    const std::string dir = halvo::fuzz::ScratchDir("nonr");
+    fuzz::WriteInput(dir + "/fz.r33", data, size);
     const unsigned choice = size > 0 ? data[0] : 0;
     ScriptedAnswers answers(fuzz::OkCancelScript(choice));
     Session s;

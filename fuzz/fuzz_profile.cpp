@@ -15,16 +15,8 @@
 
 namespace {
 
-const std::string& WorkDir() {
-    static const std::string dir = [] {
-        std::string made = halvo::fuzz::MakeScratchDir("profile");
-        return made;
-    }();
-    return dir;
-}
-
 void Write(const std::string& name, const std::string& bytes) {
-    std::ofstream out(WorkDir() + "/" + name, std::ios::binary | std::ios::trunc);
+    std::ofstream out(halvo::fuzz::ScratchDir("profile") + "/" + name, std::ios::binary | std::ios::trunc);
     out << bytes;
 }
 
@@ -58,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ScriptedAnswers answers({choice & 1 ? mb::Cancel : mb::OK});
     Session s;
     s.ui = &answers;
-    s.FilePath = WorkDir();
+    s.FilePath = halvo::fuzz::ScratchDir("profile");
     s.Structure.NLE = std::int16_t(nle);
     s.Structure.HasInclusions = inclusions;
     s.Structure.HasRoughness = rough >= 0;

@@ -21,6 +21,12 @@ inline std::string MakeScratchDir(const std::string& tag) {
     return made;
 }
 
+// The program's one scratch folder, made at the first call.
+inline const std::string& ScratchDir(const std::string& tag) {
+    static const std::string dir = MakeScratchDir(tag);
+    return dir;
+}
+
 inline void WriteInput(const std::string& path, const uint8_t* data, size_t size) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(reinterpret_cast<const char*>(data), std::streamsize(size));

@@ -7,6 +7,20 @@
 
 namespace halvo::test {
 
+// "\t" in a case line stands for a tab.
+inline std::string Unescape(const std::string& line) {
+    std::string out;
+    for (size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '\\' && i + 1 < line.size() && line[i + 1] == 't') {
+            out += '\t';
+            ++i;
+        } else {
+            out += line[i];
+        }
+    }
+    return out;
+}
+
 // `fill(case, kind, lines)` is called once per section; Case needs a `name` member.
 template <class Case, class Fill>
 std::vector<Case> ReadCaseFile(const std::string& data, Fill fill) {

@@ -43,18 +43,7 @@ struct GeoCase {
     std::string messages, comments;
 };
 
-std::string Unescape(const std::string& line) {
-    std::string out;
-    for (size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '\\' && i + 1 < line.size() && line[i + 1] == 't') {
-            out += '\t';
-            ++i;
-        } else {
-            out += line[i];
-        }
-    }
-    return out;
-}
+using halvo::test::Unescape;
 
 // The fixed lines of a plain RBS file; a "--- rbs" section holds the lines that follow them (line 10 on).
 constexpr const char* kRbsLines = "19\r\n60 600\r\n4He 4He\r\n2000\r\n15\r\nIBM\r\n0 165\r\n3.6\r\n1.95 45\r\n";

@@ -33,18 +33,7 @@ struct StructureCase {
     std::string record, messages, written;
 };
 
-inline std::string Unescape(const std::string& line) {
-    std::string out;
-    for (size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '\\' && i + 1 < line.size() && line[i + 1] == 't') {
-            out += '\t';
-            ++i;
-        } else {
-            out += line[i];
-        }
-    }
-    return out;
-}
+using halvo::test::Unescape;
 
 inline std::vector<StructureCase> ReadStructureCases(const std::string& data) {
     return halvo::test::ReadCaseFile<StructureCase>(data, [&](StructureCase& c, const std::string& kind, std::vector<std::string> section) {
