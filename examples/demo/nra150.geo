@@ -7,6 +7,7 @@ IBM
 0 150
 10
 3.3 8
+strag gauss
 \ 16O(d,p0) and (d,p1) at 150 degrees; 12 um Mylar stops the scattered deuterons
 foil 115000 1000
 C 10 H 8 O 4 9.6

@@ -77,11 +77,11 @@ void DoubleScattering(GeoReader& r, const std::string&, std::string& tail) {
 }
 
 // A foil's composition line; a refused molecule is reported and the read goes on.
-void FoilMolecule(GeoReader& r, Molecule& composition) {
+void FoilMolecule(GeoReader& r, GeoFoil& foil) {
     r.need();
-    std::string text = r.line;
+    foil.Text = r.line;
     std::int16_t position = 0;
-    const std::int32_t code = Parse_Mol(r.s, text, composition, position);
+    const std::int32_t code = Parse_Mol(r.s, foil.Text, foil.Composition, position);
     if (code > 0) WarningBox(r.s, MoleculeErrorText(code), "ReadGeometry ParseMol error");
 }
 
@@ -117,8 +117,9 @@ void PixeFoils(GeoReader& r, std::string& tail) {
             rest = Cut(rest);
             foil.FormFlag = 1;
         }
+        foil.Text = rest;
         std::int16_t position = 0;
-        const std::int32_t code = Parse_Mol(r.s, rest, foil.Composition, position);
+        const std::int32_t code = Parse_Mol(r.s, foil.Text, foil.Composition, position);
         if (code > 0 && code != molcode::Spacing && code != molcode::SpacingWarning) r.fail(Failure::ReadGeom4);
     }
 }
@@ -128,17 +129,17 @@ void Foil(GeoReader& r, const std::string&, std::string& tail) {
     if (g.Kind == geokind::PIXE) return PixeFoils(r, tail);
     g.RangeFoil.Thickness = std::fabs(Single(Cut(tail)));
     g.RangeFoil.Second = std::fabs(Single(Cut(tail)));
-    FoilMolecule(r, g.RangeFoil.Composition);
+    FoilMolecule(r, g.RangeFoil);
 }
 
 void Dead(GeoReader& r, const std::string&, std::string& tail) {
     Rec(r).DeadLayer.Thickness = Single(Cut(tail));
-    FoilMolecule(r, Rec(r).DeadLayer.Composition);
+    FoilMolecule(r, Rec(r).DeadLayer);
 }
 
 void BeamFoil(GeoReader& r, const std::string&, std::string& tail) {
     Rec(r).BeamFoil.Thickness = Single(Cut(tail));
-    FoilMolecule(r, Rec(r).BeamFoil.Composition);
+    FoilMolecule(r, Rec(r).BeamFoil);
 }
 
 void Nil(GeoReader& r, const std::string&, std::string&) { Row0(r).Nil = -1; }

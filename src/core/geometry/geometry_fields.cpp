@@ -25,6 +25,7 @@ void Foil(Fields& f, const std::string& name, const GeoFoil& foil) {
     f.add(name + ".Thickness", foil.Thickness);
     f.add(name + ".Second", foil.Second);
     f.add(name + ".Composition", Composition(foil.Composition));
+    f.add(name + ".Text", foil.Text);
 }
 
 // Every field of a row with a setting; of a fresh row only its name.
@@ -195,6 +196,7 @@ std::vector<std::pair<std::string, std::string>> GeometryFields(const GeometryRe
         const std::string p = "PixeFoils[" + std::to_string(i) + "].";
         f.add(p + "Thickness", foil.Thickness);
         f.add(p + "Composition", Composition(foil.Composition));
+        f.add(p + "Text", foil.Text);
         f.add(p + "FormFlag", foil.FormFlag);
     }
     const AdvGeomPileupRecord& pile = g.AdvGeomPileup;

@@ -523,7 +523,7 @@ bool ReadFile(Session& s, const std::string& given, bool isBase, int depth) {
         ReadFixedLines(r, g);
         geo::ReadDirectives(r);
         ReadPileSpeed(s);
-        DetermineSyntax(s);
+        DetermineSyntax(s, f.withExt);
         FindSigmaCalc(s, std::int16_t(geo::RealRows(s)));
         return true;
     } catch (const geo::ReadStop& stop) {

@@ -96,12 +96,14 @@ struct GeoFoil {
     float Thickness = 0;
     float Second = 0;
     Molecule Composition;
+    std::string Text;  // the composition line as read (after the parser's repairs); what a save writes
 };
 
 struct PixeFoil {
     double Thickness = 0;
     Molecule Composition;
     std::int16_t FormFlag = 0;  // 1: the file gave a flag word behind the one-word composition
+    std::string Text;           // the composition as read, without the flag word
 };
 
 // Bits of the features whose engine generations the syntax pass weighs, in the order of their bits;

@@ -157,7 +157,7 @@ std::optional<std::string> ReadFileBytes(std::string_view path) {
     return bytes;
 }
 
-bool WriteFileSafely(std::string_view path, std::string_view bytes) {
+bool WriteFileSafely(std::string_view path, std::string_view bytes, bool keepPrevious) {
     const std::string target = ResolveForWrite(path);
     const std::string temp = target + ".halvo-tmp";
     {
@@ -172,7 +172,7 @@ bool WriteFileSafely(std::string_view path, std::string_view bytes) {
         }
     }
     std::error_code ec;
-    if (fs::is_regular_file(target, ec)) {
+    if (keepPrevious && fs::is_regular_file(target, ec)) {
         // The old contents stay under "<name>~": a hard link costs nothing and survives the rename below;
         // where links are not to be had, a copy.
         const std::string backup = target + "~";

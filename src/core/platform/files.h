@@ -48,7 +48,8 @@ double FileDate(std::string_view path);
 std::optional<std::string> ReadFileBytes(std::string_view path);
 
 // Writes `bytes` to `path` through a temporary file renamed into place; an existing file is first
-// copied to "<path>~". Returns false when nothing could be written (the old file is then intact).
-bool WriteFileSafely(std::string_view path, std::string_view bytes);
+// copied to "<path>~" unless `keepPrevious` is false (for the second write of a save whose first
+// write already kept it). Returns false when nothing could be written (the old file is then intact).
+bool WriteFileSafely(std::string_view path, std::string_view bytes, bool keepPrevious = true);
 
 }  // namespace halvo::platform

@@ -1,6 +1,7 @@
 #include "session/main_view.h"
 
 #include "geometry/geometry_file.h"
+#include "geometry/syntax.h"
 #include "text/numbers.h"
 
 namespace halvo {
@@ -86,12 +87,15 @@ void ShowSample(Session& s) {
     sample.NGeometries = std::int16_t(l.List2.items.size());
     sample.AllAssociated = sample.NUnassociated == 0;
     ReadGeometries(s, sample);
+    CheckSampleSyntax(s, sample);
+    l.Label14 = SampleSyntaxLabel(sample);
     l.Combo3.items.assign(VerbosityTexts(), VerbosityTexts() + 4);
     l.Combo3.index = sample.Verbosity >= 0 && sample.Verbosity <= 3 ? sample.Verbosity : -1;
     l.List6 = s.FilePath;
 }
 
 void SetVerbosityLabel(Session& s) {
+    s.lists.Label14 = SampleSyntaxLabel(s.current());
     const std::string lead = std::string("VKS can output more or less files: default 1, see VKS9 Manual Chapter ") + "8";
     if (s.VerbosityAllSame) {
         s.lists.Label15 = "Verbosity: set all";

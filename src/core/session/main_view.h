@@ -11,7 +11,8 @@ namespace halvo {
 // their links, charges, structure and verbosity.
 void ShowSample(Session& s);
 
-// Label15 and its tool tip from VerbosityAllSame.
+// The syntax and verbosity labels: Label14 from the current sample, Label15 and its tool tip from
+// VerbosityAllSame.
 void SetVerbosityLabel(Session& s);
 
 // A sample chosen in Combo1 (index from 0).

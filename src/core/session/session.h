@@ -9,6 +9,7 @@
 
 #include "engine/technical_record.h"
 #include "geometry/aux_files.h"
+#include "geometry/geometry_editor_state.h"
 #include "geometry/geometry_record.h"
 #include "sample/element_table.h"
 #include "sample/logical_element.h"
@@ -120,6 +121,8 @@ struct Session {
     std::int16_t VKSversionNumber = 0;
     std::int16_t VKSverSyn = -1;
     GeometryRecord Geometry;
+    std::uint16_t SyntaxErrorBits = 0;  // features of the loaded geometry the engine in use cannot read
+    GeometryEditorState GeoEditor;
     AuxFileState Aux;  // directories of the files a geometry names, once-per-session checks
     DataTables Tables;              // isotopes.dat, pscoef.dat, compound.dat of PathVKS
     std::int16_t AnalysisKind = 0;  // set by assignZA for the special particles
