@@ -1,5 +1,7 @@
 #include "cli.h"
 
+#include "platform/files.h"
+
 #include <cstdio>
 #include <iostream>
 
@@ -46,6 +48,17 @@ std::string JsonString(const std::string& s) {
 std::map<std::string, Command>& Registry() {
     static std::map<std::string, Command> registry;
     return registry;
+}
+
+std::string EnterDirectoryOf(Context& c, const std::string& path) {
+    const std::string normal = platform::NormalizeSeparators(path);
+    const auto slash = normal.find_last_of('/');
+    if (slash == std::string::npos) {
+        c.session.FilePath = c.workDir;
+        return normal;
+    }
+    c.session.FilePath = slash == 0 ? "/" : normal.substr(0, slash);
+    return normal.substr(slash + 1);
 }
 
 int Misuse(const Command& c) {

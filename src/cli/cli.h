@@ -56,6 +56,10 @@ struct Register {
 // Exit codes.
 inline constexpr int kOk = 0, kFailed = 1, kMisuse = 2;
 
+// The working directory becomes the directory `path` names (--workdir when it names none); returns
+// the bare file name.
+std::string EnterDirectoryOf(Context& c, const std::string& path);
+
 // Prints "usage: halvo-cli <name> <usage>" to stderr and returns kMisuse.
 int Misuse(const Command& c);
 

@@ -49,14 +49,6 @@ bool ParseOptions(Context& c, const std::vector<std::string>& a, Options& o, boo
     return true;
 }
 
-// The working directory becomes the file's own when the name holds one.
-std::string EnterDirectoryOf(Context& c, const std::string& path) {
-    const std::string normal = platform::NormalizeSeparators(path);
-    const auto slash = normal.find_last_of('/');
-    if (slash == std::string::npos) return normal;
-    c.session.FilePath = slash == 0 ? "/" : normal.substr(0, slash);
-    return normal.substr(slash + 1);
-}
 
 // Reads the structure; with a profile, the structure is read once quietly to shape the profile's
 // read, the profile becomes the current one, and the structure is read again against it.
