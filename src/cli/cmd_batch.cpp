@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "cli.h"
+#include "geometry/syntax.h"
 #include "platform/files.h"
 #include "sample/element_table.h"
 #include "session/batch_commands.h"
@@ -136,6 +137,63 @@ const Register save{{"batch-save", "FILE.spc [NEW.spc]",
                          }
                          return step == SaveStep::Done && !reported ? kOk : kFailed;
                      }}};
+
+// Shows each sample (or one) as the main window does, which reads every geometry of the sample and
+// checks that they need one engine generation; prints each geometry's generation and the verdict.
+int BatchSyntax(Context& c, const std::vector<std::string>& a) {
+    const Command& self = Registry().at("batch-syntax");
+    Session& s = c.session;
+    std::string file;
+    int only = 0;
+    for (size_t i = 0; i < a.size(); ++i) {
+        if (a[i] == "--sample" && i + 1 < a.size() && text::IsNumeric(a[i + 1]))
+            only = int(text::Val(a[++i]));
+        else if (a[i] == "--engine-version" && i + 1 < a.size())
+            s.VKSversionNumber = text::CInt(text::Val(a[++i]));
+        else if (a[i].starts_with("--") || !file.empty())
+            return Misuse(self);
+        else
+            file = a[i];
+    }
+    if (file.empty()) return Misuse(self);
+    s.VKSversion = std::int16_t(s.VKSversionNumber / 1000);
+    if (!Open(c, file)) return kFailed;
+    const int count = int(s.lists.Combo1.items.size());
+    if (only < 0 || only > count) return Misuse(self);
+    bool consistent = true;
+    std::string samplesJson = "[";
+    for (int i = 0; i < count; ++i) {
+        if (only && i + 1 != only) continue;
+        Combo1_Click(s, i);
+        const Sample& sample = s.current();
+        consistent = consistent && !sample.SyntaxInconsistent;
+        std::string geometries = "[";
+        if (!c.json) std::cout << "Sample " << (i + 1) << s.lists.Label14 << "\n";
+        for (const Experiment& e : s.Experiments) {
+            if (e.GeometryFile.empty()) continue;
+            const std::string label = SyntaxLabel(e.Syntax, false);
+            if (c.json)
+                geometries += std::string(geometries.size() > 1 ? "," : "") + "{\"dataFile\":" + JsonString(e.DataFile) +
+                              ",\"geometry\":" + JsonString(e.GeometryFile) + ",\"syntax\":" + std::to_string(e.Syntax) +
+                              ",\"label\":" + JsonString(label) + "}";
+            else
+                std::cout << "  " << e.DataFile << " ==> " << e.GeometryFile << ": " << e.Syntax << " (" << label << ")\n";
+        }
+        if (c.json)
+            samplesJson += std::string(samplesJson.size() > 1 ? "," : "") + "{\"number\":" + std::to_string(i + 1) +
+                           ",\"syntax\":" + std::to_string(sample.Syntax) +
+                           ",\"inconsistent\":" + (sample.SyntaxInconsistent ? "true" : "false") +
+                           ",\"label\":" + JsonString(s.lists.Label14) + ",\"geometries\":" + geometries + "]}";
+        else if (sample.SyntaxInconsistent)
+            std::cout << "  inconsistent: no one engine generation reads all of these\n";
+    }
+    if (c.json) c.put("samples", samplesJson + "]");
+    return consistent ? kOk : kFailed;
+}
+
+const Register syntax{{"batch-syntax", "FILE.spc [--sample N] [--engine-version N]",
+                       "the engine generation each geometry of each sample needs, and whether a sample's agree",
+                       BatchSyntax}};
 
 const Register names{{"names", "BATCHNAME SAMPLE SPECTRUM [NSAMPLES NSPECTRA]",
                       "the derived names of a sample and spectrum (TwoCharNumber, DerivedName, SPXname)",

@@ -166,21 +166,25 @@ void DetermineSyntax(Session& s, const std::string& fileName) {
     s.GeoEditor.FurtherTitle = row.furtherTitle;
 }
 
+std::string SyntaxLabel(std::int16_t syntax, bool inconsistent) {
+    switch (syntax) {
+        case -1: return inconsistent ? "VKS syntax inconsistent" : "VKS syntax: any";
+        case 0: return "VKS syntax VKS7";
+        case 1: return "VKS syntax VKS8";
+        case 2: return "VKS syntax VKS9";
+        case -2: return "VKS syntax pre-VKS9";
+        case -3: return "VKS syntax post-VKS7";
+        default: return "VKS syntax: unknown";
+    }
+}
+
 void CheckGeomSyntaxLbl(Session& s) {
     const GeometryRecord& g = s.Geometry;
-    std::string& label = s.GeoEditor.SyntaxLabel;
-    switch (g.Syntax) {
-        case -1:
-            label = g.SyntaxInconsistent ? "VKS syntax inconsistent" : "VKS syntax: any";
-            s.VKSverSyn = -1;
-            break;
-        case 0: label = "VKS syntax VKS7"; s.VKSverSyn = 7; break;
-        case 1: label = "VKS syntax VKS8"; s.VKSverSyn = 8; break;
-        case 2: label = "VKS syntax VKS9"; s.VKSverSyn = 9; break;
-        case -2: label = "VKS syntax pre-VKS9"; s.VKSverSyn = -1; break;
-        case -3: label = "VKS syntax post-VKS7"; s.VKSverSyn = -1; break;
-        default: label = "VKS syntax: unknown"; break;
-    }
+    s.GeoEditor.SyntaxLabel = SyntaxLabel(g.Syntax, g.SyntaxInconsistent != 0);
+    if (g.Syntax >= 0 && g.Syntax <= 2)
+        s.VKSverSyn = std::int16_t(g.Syntax + 7);
+    else if (g.Syntax >= -3 && g.Syntax <= -1)
+        s.VKSverSyn = -1;
 }
 
 void CorrectGeometrySyntax(Session& s, int value) {

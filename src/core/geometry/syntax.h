@@ -32,6 +32,8 @@ void ShowSyntaxHelp(Session& s);
 // editor's syntax label and further-parameters title.
 void DetermineSyntax(Session& s, const std::string& fileName);
 
+// The editor's label for a geometry syntax ("VKS syntax VKS9", ...).
+std::string SyntaxLabel(std::int16_t syntax, bool inconsistent);
 // The editor's label for Geometry.Syntax; sets VKSverSyn.
 void CheckGeomSyntaxLbl(Session& s);
 
