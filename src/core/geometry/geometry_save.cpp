@@ -3,6 +3,7 @@
 // engine's tools have always done it; its previous contents stay in "<name>~".
 #include <algorithm>
 
+#include "geometry/geometry_internal.h"
 #include "geometry/geometry_record.h"
 #include "geometry/geometry_writer.h"
 #include "geometry/syntax.h"
@@ -51,7 +52,7 @@ GeometrySave Check2_Click(Session& s, const std::string& fileName) {
     const std::string path = platform::ResolveForWrite(platform::JoinPath(s.FilePath, stem + ".geo"));
 
     if (editor.OverwriteAsk && platform::IsRegularFile(path) &&
-        MsgBox(s, "Over write " + fileName + "?", mb::OKCancel, "Please Check") == mb::Cancel)
+        MsgBox(s, geo::Fill("Over write <name>?", {{"<name>", fileName}}), mb::OKCancel, "Please Check") == mb::Cancel)
         return GeometrySave::Cancelled;
     if (g.Syntax < 2 && !IsGeometryDosName(name)) {
         MsgBox(s, "Non DOS names not allowed in this version. Please use another name", mb::OKOnly, kTitle);
@@ -72,7 +73,7 @@ GeometrySave Check2_Click(Session& s, const std::string& fileName) {
             std::string suffix = " (Cancel to turn off warnings)";
             WarningBox(s,
                        "Syntax conflict: do you want to see the problems? (both Yes returns to the Geo Editor, No exits and saves)",
-                       "Geometry File " + path + " write routine", buttons, suffix);
+                       geo::Fill("Geometry File <path> write routine", {{"<path>", path}}), buttons, suffix);
             if (buttons == mb::Yes) {
                 ShowSyntaxHelp(s);
                 return GeometrySave::ProblemsShown;

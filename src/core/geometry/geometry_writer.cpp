@@ -157,7 +157,7 @@ private:
         commented(General(g_.SolidAngle));
         if (analysis_ == 4) {
             commented(g_.PixeCalibFile + " " + General(g_.PixeErrorPercent));
-            commented("foil " + std::to_string(g_.PixeFoilCount));
+            commented(geo::Fill("foil <n>", {{"<n>", std::to_string(g_.PixeFoilCount)}}));
             for (int i = 1; i <= g_.PixeFoilCount && i <= kMaxPixeFoils; ++i) {
                 const PixeFoil& foil = g_.PixeFoils[size_t(i)];
                 commented(General(foil.Thickness) + "  " + CompositionText(foil.Composition, foil.Text) +
@@ -178,7 +178,7 @@ private:
         const std::string model = text::Lower(g_.StragglingModel);
         if (model == "chu" || model == "bohr") {
             const bool dropFactor = g_.StragglingFactor == 1.0f && g_.Syntax != 2;
-            commented(model + " " + (dropFactor ? std::string() : Plain(g_.StragglingFactor)));
+            commented((model == "chu" ? "chu " : "bohr ") + (dropFactor ? std::string() : Plain(g_.StragglingFactor)));
         }
         if (g_.Syntax == 2 && (row0.StragType == 1 || row0.StragType == 2))
             commented(row0.StragType == 1 ? "strag gauss" : "strag gamma");
@@ -197,7 +197,7 @@ private:
             case 2: commented("low_e off"); break;
             case 3: commented("low_e all"); break;
             default:
-                MsgBox(s_, "Code Error:  Illegal option found for AdvGeomLowEnergy:" + text::CStr(int(g_.AdvGeomLowEnergy)),
+                MsgBox(s_, geo::Fill("Code Error:  Illegal option found for AdvGeomLowEnergy:<n>", {{"<n>", text::CStr(int(g_.AdvGeomLowEnergy))}}),
                        mb::OKOnly, kCheck2Title);
                 break;
         }
@@ -253,7 +253,7 @@ private:
                 case 2: commented("xml fit"); break;
                 case 3: commented("xml onlyfit"); break;
                 default:
-                    MsgBox(s_, "Unknown value:  XML=" + text::CStr(int(g_.XmlMode)), mb::OKOnly, kCheck2Title);
+                    MsgBox(s_, geo::Fill("Unknown value:  XML=<n>", {{"<n>", text::CStr(int(g_.XmlMode))}}), mb::OKOnly, kCheck2Title);
                     commented("xml ");
                     break;
             }
@@ -357,7 +357,7 @@ private:
                     case 1: commented("pup " + shape); break;
                     case 2: commented("pup " + shape + " pur"); break;
                     case 3: commented("pup " + shape + " wg "); break;
-                    case 4: commented("pup " + shape + " wg " + Plain(p.PurTime) + "e-6"); break;
+                    case 4: commented("pup " + Plain(p.ShapeTime) + "e-6 wg " + Plain(p.PurTime) + "e-6"); break;
                     default: writeComments(); break;
                 }
                 break;

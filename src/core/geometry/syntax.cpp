@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "geometry/geometry_internal.h"
 #include "geometry/geometry_record.h"
 #include "session/session.h"
 #include "text/numbers.h"
@@ -190,7 +191,7 @@ void CheckGeomSyntaxLbl(Session& s) {
 void CorrectGeometrySyntax(Session& s, int value) {
     if (value == -1) return;
     if (value < -1 || value > 2) {
-        MsgBox(s, "Code Error:  Syntax not in {-1, 0, 1, 2}.  SyntaxValue = " + text::CStr(value), mb::OKOnly,
+        MsgBox(s, geo::Fill("Code Error:  Syntax not in {-1, 0, 1, 2}.  SyntaxValue = <n>", {{"<n>", text::CStr(value)}}), mb::OKOnly,
                "CorrectGeometrySyntax");
         return;
     }
@@ -217,18 +218,22 @@ void CorrectGeometrySyntax(Session& s, int value) {
 bool LowEnergyCheck(Session& s) {
     const GeometryRecord& g = s.Geometry;
     const std::int16_t low = g.AdvGeomLowEnergy;
-    const std::string head =
-        "AdvGeomLowEnergy = " + text::CStr(int(low)) + "; Geometry.Syntax = " + text::CStr(int(g.Syntax));
+    const std::string n = text::CStr(int(low)), syntax = text::CStr(int(g.Syntax));
     switch (g.Syntax) {
         case 0: return true;
         case 1:
             if (low == 0 || low == 2 || low == 3) return true;
-            MsgBox(s, head + " (AdvGeomLowEnergy has value for VKS9 syntax,  not current VKS8 syntax)", mb::OKOnly,
-                   "LowEnergyCheck");
+            MsgBox(s,
+                   geo::Fill("AdvGeomLowEnergy = <n>; Geometry.Syntax = <s> (AdvGeomLowEnergy has value for VKS9 syntax,  not current VKS8 syntax)",
+                             {{"<n>", n}, {"<s>", syntax}}),
+                   mb::OKOnly, "LowEnergyCheck");
             return false;
         case 2:
             if (low == 0 || low == 1) return true;
-            MsgBox(s, head + "; (AdvGeomLowEnergy should have value 0,1 for VKS9 syntax)", mb::OKOnly, "LowEnergyCheck");
+            MsgBox(s,
+                   geo::Fill("AdvGeomLowEnergy = <n>; Geometry.Syntax = <s>; (AdvGeomLowEnergy should have value 0,1 for VKS9 syntax)",
+                             {{"<n>", n}, {"<s>", syntax}}),
+                   mb::OKOnly, "LowEnergyCheck");
             return false;
         default:
             MsgBox(s, "CODE ERROR: Geometry file Syntax illegal!", mb::OKOnly, "LowEnergyCheck");
