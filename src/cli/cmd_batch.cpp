@@ -63,13 +63,15 @@ void PrintBatch(Context& c) {
             samplesJson += std::string(i ? "," : "") + "{\"number\":" + std::to_string(i + 1) +
                            ",\"structure\":" + JsonString(sample.Structure) +
                            ",\"verbosity\":" + std::to_string(sample.Verbosity) +
-                           ",\"comment\":" + JsonString(sample.Comment) + ",\"dataFiles\":" + JsonList(l.List1.items) +
+                           ",\"comment\":" + JsonString(sample.Comment) + ",\"syntaxLabel\":" + JsonString(l.Label14) +
+                           ",\"dataFiles\":" + JsonList(l.List1.items) +
                            ",\"geometries\":" + JsonList(l.List2.items) + ",\"associations\":" +
                            JsonList(l.List3.items) + ",\"charges\":" + JsonList(l.List5.items) + "}";
             continue;
         }
         std::cout << "\nSample " << (i + 1) << ": structure " << (sample.Structure.empty() ? "(none)" : sample.Structure)
-                  << ", verbosity " << (l.Combo3.index >= 0 ? l.Combo3.items[size_t(l.Combo3.index)] : "?") << "\n";
+                  << ", verbosity " << (l.Combo3.index >= 0 ? l.Combo3.items[size_t(l.Combo3.index)] : "?") << l.Label14
+                  << "\n";
         if (!sample.Comment.empty()) std::cout << Indent(sample.Comment, "  | ");
         for (size_t a = 0; a < l.List3.items.size(); ++a)
             std::cout << "  " << (a + 1) << ". " << l.List3.items[a] << "   charge " << l.List5.items[a] << " uC\n";
