@@ -110,6 +110,32 @@ TEST_F(MainWindow, Label19TogglesTheWarningsAndIsMarkedWhenOff) {
     EXPECT_TRUE(label->styleSheet().isEmpty());
 }
 
+// Each sample's geometries must need one engine generation: the label says which, and a sample whose
+// geometries disagree is reported as its lists are drawn.
+TEST_F(MainWindow, Label14ShowsTheSampleSyntaxAndAMixedSampleIsReported) {
+    QFile rbs120(file("rbs120.geo"));
+    ASSERT_TRUE(rbs120.open(QIODevice::ReadOnly));
+    QByteArray bytes = rbs120.readAll();
+    rbs120.close();
+    bytes.replace("pile ga 1e-6 0.5e-6", "pup 1e-6");  // the VKS8 form of the pile-up line
+    ASSERT_TRUE(rbs120.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    rbs120.write(bytes);
+    rbs120.close();
+
+    startWithDemo();
+    ASSERT_EQ(answers.boxes().size(), 1u) << answers.transcript().join('\n').toStdString();
+    EXPECT_EQ(answers.transcript()[0],
+              "[Module1.ShowSample] Inconsistent geometry file syntax for geometries in this sample: press Cancel "
+              "to silence this message");
+    EXPECT_EQ(text("Label14"), ". This sample has syntax=0");
+    EXPECT_TRUE(session().current().SyntaxInconsistent);
+
+    answers.clear();
+    QTest::keyClick(frame(), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(answers.boxes().empty()) << answers.transcript().join('\n').toStdString();
+    EXPECT_EQ(text("Label14"), ". This sample has syntax=2");
+}
+
 TEST_F(MainWindow, SelectingAListEntryIsKeptInTheModel) {
     startWithDemo();
     auto* list = control<QListWidget>("List3");
