@@ -338,8 +338,9 @@ private:
         return line;
     }
 
+    // "s_as 2" is written back as "x_as 2": the number's own leading blank is the separator.
     static std::string asLine(const char* word, float factor) {
-        return std::string(word) + " " + (factor != 1 ? Plain(factor) : std::string());
+        return std::string(word) + (factor != 1 ? Spaced(factor) : std::string());
     }
 
     void flagVar(const char* word, std::int16_t value) {
