@@ -189,7 +189,10 @@ int Rewrite(Context& c, const std::vector<std::string>& a) {
     }
     const GeometrySave result = Check2_Click(s, target);
     const SyntaxReport report = ReportSyntax(s);
-    const std::string written = platform::JoinPath(s.FilePath, target);
+    // Where the save wrote: the name's extension is always ".geo".
+    const auto dot = target.rfind('.');
+    const std::string written =
+        platform::ResolveForWrite(platform::JoinPath(s.FilePath, target.substr(0, dot) + ".geo"));
     if (c.json) {
         c.putString("file", name);
         c.putString("written", written);

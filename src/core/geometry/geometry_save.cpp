@@ -69,7 +69,8 @@ GeometrySave Check2_Click(Session& s, const std::string& fileName) {
         DetermineSyntax(s, name);
         std::string conflicts;
         if (SyntaxConflicts(s, conflicts)) {
-            int buttons = mb::YesNoCancel;
+            // No (save) is the default: a save nobody answers keeps the user's work on disk.
+            int buttons = mb::YesNoCancel | mb::DefaultButton2;
             std::string suffix = " (Cancel to turn off warnings)";
             WarningBox(s,
                        "Syntax conflict: do you want to see the problems? (both Yes returns to the Geo Editor, No exits and saves)",
