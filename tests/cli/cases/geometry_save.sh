@@ -53,6 +53,16 @@ same saved.txt read.txt
 hc 0 geometry-rewrite demo/rbs165.geo again.geo --structure demo/sio2si.str
 [ ! -s "$WORK/err" ] && [ ! -e demo/again.geo~ ] || { echo "a question or a ~ file for a new name"; cat "$WORK/err"; exit 1; }
 same demo/again.geo demo/rbs165.geo
+# Whatever the extension asked for, the save writes a .geo file, and says so.
+hc 0 geometry-rewrite demo/rbs165.geo copy.txt --structure demo/sio2si.str
+has "$WORK/out" "saved as demo/copy.geo: written"
+same demo/copy.geo demo/rbs165.geo
+
+# A conflict nobody answers: the default saves the file.
+cp demo/erda30.geo g8.geo
+hc 0 geometry-rewrite g8.geo --engine-version 8000
+has "$WORK/out" "Geometry g8.geo saved as ./g8.geo: written"
+[ -s g8.geo ] || { echo "g8.geo left empty"; exit 1; }
 
 # Before VKS9 a long name is refused and nothing is written; switched to VKS9 the same name is taken
 # and the one-word pile-up line becomes the VKS9 form.
