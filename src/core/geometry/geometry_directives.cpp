@@ -25,13 +25,6 @@ bool FileThere(const Session& s, const std::string& file) {
     return found && !platform::IsDirectory(*found);
 }
 
-std::string WithoutBlanks(std::string_view text) {
-    std::string out;
-    for (char c : text)
-        if (c != ' ') out += c;
-    return out;
-}
-
 using Handler = void (*)(GeoReader& r, const std::string& key, std::string& tail);
 
 GeometryRecord& Rec(GeoReader& r) { return r.s.Geometry; }
@@ -752,6 +745,15 @@ void WithoutKeyword(GeoReader& r) {
 }
 
 }  // namespace
+
+std::string WithoutBlanks(std::string_view text) {
+    std::string out;
+    for (char c : text)
+        if (c != ' ') out += c;
+    return out;
+}
+
+std::string MoleculeText(const Molecule& m) { return m.MolTextWithDensity.empty() ? m.MolText : m.MolTextWithDensity; }
 
 void MsNumbers(GeoElementOptions& row, const std::string& line) {
     std::string rest = line;

@@ -1,5 +1,6 @@
 // The geometry record as named fields, for the command-line tool's display and for tests.
 #include "geometry/geometry_file.h"
+#include "geometry/geometry_internal.h"
 #include "text/numbers.h"
 
 namespace halvo {
@@ -19,12 +20,10 @@ public:
     }
 };
 
-std::string Composition(const Molecule& m) { return m.MolTextWithDensity.empty() ? m.MolText : m.MolTextWithDensity; }
-
 void Foil(Fields& f, const std::string& name, const GeoFoil& foil) {
     f.add(name + ".Thickness", foil.Thickness);
     f.add(name + ".Second", foil.Second);
-    f.add(name + ".Composition", Composition(foil.Composition));
+    f.add(name + ".Composition", geo::MoleculeText(foil.Composition));
     f.add(name + ".Text", foil.Text);
 }
 
@@ -195,7 +194,7 @@ std::vector<std::pair<std::string, std::string>> GeometryFields(const GeometryRe
         const PixeFoil& foil = g.PixeFoils[size_t(i)];
         const std::string p = "PixeFoils[" + std::to_string(i) + "].";
         f.add(p + "Thickness", foil.Thickness);
-        f.add(p + "Composition", Composition(foil.Composition));
+        f.add(p + "Composition", geo::MoleculeText(foil.Composition));
         f.add(p + "Text", foil.Text);
         f.add(p + "FormFlag", foil.FormFlag);
     }

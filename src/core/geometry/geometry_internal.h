@@ -81,6 +81,11 @@ void ReadDirectives(GeoReader& r);
 // cutoff and two.
 void MsNumbers(GeoElementOptions& row, const std::string& line);
 
+// A name with its blanks taken out: how stopping lines name a logical element.
+std::string WithoutBlanks(std::string_view text);
+// A parsed composition as text: with its density when one was given.
+std::string MoleculeText(const Molecule& m);
+
 // Real elements of the current structure that the record has rows for.
 int RealRows(const Session& s);
 // Row (1 to RealRows) of the real element called `word`, case ignored; 0 when there is none.

@@ -26,16 +26,9 @@ std::string Trimmed(float v) { return text::CStr(v); }
 // A number whose plain form's leading blank is its only separator: a negative one gets a blank too.
 std::string Spaced(float v) { return v < 0 ? " " + text::CStr(v) : text::Str(v); }
 
-std::string WithoutBlanks(std::string_view s) {
-    std::string out;
-    for (char c : s)
-        if (c != ' ') out += c;
-    return out;
-}
-
+// A foil's composition as the file had it, else as parsed.
 std::string CompositionText(const Molecule& m, const std::string& asRead) {
-    if (!asRead.empty()) return asRead;
-    return m.MolTextWithDensity.empty() ? m.MolText : m.MolTextWithDensity;
+    return asRead.empty() ? geo::MoleculeText(m) : asRead;
 }
 
 bool IsSingleWord(const std::string& s) {
@@ -318,7 +311,7 @@ private:
         if (row.MolFit) stoppingFiles("Molfit ", name, row.MolFitFile, row.MolFitFileDet);
         if (row.ElStop) stoppingFiles("Elstop ", name, row.ElStopFile, row.ElStopFileDet);
         if (row.MolStop)
-            stoppingFiles("Molstop ", logical ? WithoutBlanks(name) : name, row.MolStopFile, row.MolStopFileDet);
+            stoppingFiles("Molstop ", logical ? geo::WithoutBlanks(name) : name, row.MolStopFile, row.MolStopFileDet);
         if (row.IonStopSet) commented(g_.Ion + " " + name + " " + Plain(row.IonStopFactor));
         if (row.DetStopSet) commented(g_.Detected + " " + name + " " + Plain(row.DetStopFactor));
         if (row.Depth)
