@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "text/lines.h"
+#include "text/pattern.h"
 
 namespace halvo {
 
@@ -14,9 +15,7 @@ struct Session;
 
 namespace auxfile {
 
-// A message from its text as it stands, each placeholder ("<file>") replaced by its value.
-std::string Fill(std::string_view pattern,
-                 std::initializer_list<std::pair<std::string_view, std::string_view>> values);
+using text::Fill;
 
 // The words of a line as the engine's reader cuts them (blanks, tabs, and a minus after a number
 // with an exponent).

@@ -10,6 +10,7 @@
 
 #include "geometry/geometry_file.h"
 #include "geometry/geometry_record.h"
+#include "text/pattern.h"
 
 namespace halvo {
 
@@ -25,9 +26,7 @@ struct ReadStop {
     Failure kind;
 };
 
-// A message pattern with its "<name>"-style places filled in, so the texts stand in the source as
-// the program shows them.
-std::string Fill(std::string_view pattern, std::initializer_list<std::pair<std::string_view, std::string_view>> values);
+using text::Fill;
 
 // Words of a line as the geometry file has them: cut by NextToken with no fixed separator, counted by
 // CountTokens.

@@ -42,27 +42,6 @@ bool GeoLineSource::ReadGeoLine(int& lineNo, std::string& line, std::vector<std:
 
 namespace geo {
 
-std::string Fill(std::string_view pattern,
-                 std::initializer_list<std::pair<std::string_view, std::string_view>> values) {
-    std::string out;
-    out.reserve(pattern.size() + 32);
-    for (size_t i = 0; i < pattern.size();) {
-        bool replaced = false;
-        if (pattern[i] == '<') {
-            for (const auto& [key, value] : values) {
-                if (pattern.compare(i, key.size(), key) == 0) {
-                    out += value;
-                    i += key.size();
-                    replaced = true;
-                    break;
-                }
-            }
-        }
-        if (!replaced) out += pattern[i++];
-    }
-    return out;
-}
-
 int Words(std::string_view line) {
     std::string separator;
     return text::CountTokens(line, separator);
