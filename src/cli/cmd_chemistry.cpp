@@ -88,16 +88,20 @@ int RunMolecule(Context& c, const std::vector<std::string>& a) {
     std::string rewritten = textIn;
     std::int16_t position = 0;
     std::int32_t code = 0;
+    // What both parsers report: the input, the result code and its text, and the text they leave.
+    const auto putParse = [&] {
+        c.putString("input", textIn);
+        c.put("code", std::to_string(code));
+        c.putString("errorText", MoleculeErrorText(code));
+        c.put("position", std::to_string(position));
+        c.putString("text", rewritten);
+    };
     try {
         if (smol) {
             SubMolecule sub;
             code = Parse_SMol(c.session, rewritten, sub, position);
             if (c.json) {
-                c.putString("input", textIn);
-                c.put("code", std::to_string(code));
-                c.putString("errorText", MoleculeErrorText(code));
-                c.put("position", std::to_string(position));
-                c.putString("text", rewritten);
+                putParse();
                 c.put("subMolecule", SubJson(sub, 1));
             } else {
                 std::cout << "Sub-molecule: " << textIn << "\n  code " << code << ", position " << position << "\n";
@@ -109,11 +113,7 @@ int RunMolecule(Context& c, const std::vector<std::string>& a) {
         Molecule mol;
         code = Parse_Mol(c.session, rewritten, mol, position);
         if (c.json) {
-            c.putString("input", textIn);
-            c.put("code", std::to_string(code));
-            c.putString("errorText", MoleculeErrorText(code));
-            c.put("position", std::to_string(position));
-            c.putString("text", rewritten);
+            putParse();
             c.putString("molName", mol.MolName);
             c.putString("molText", mol.MolText);
             c.putString("molTextWithDensity", mol.MolTextWithDensity);
