@@ -48,7 +48,7 @@ bool Rewrite(const Target& target, const PRFarr& arr, const std::function<void(s
 }
 
 void Value(std::string& line, const PRFarr& arr, int column, int layer) {
-    line += text::CStr(arr.PRFvalues(column, layer));
+    text::AppendCStr(line, arr.PRFvalues(column, layer));
     line += ' ';
 }
 

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "text/fault.h"
@@ -14,22 +15,31 @@ bool IsSkippable(char c) { return c == ' ' || c == '\t' || c == '\n'; }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Formats with `precision` significant digits in the %G manner, then applies the classic touches:
-// upper-case exponent with at least two digits, no leading zero before the point.
-std::string Plain(double v, int precision) {
-    if (v == 0) return "0";
+// upper-case exponent with at least two digits, no leading zero before the point. Writes into `buf`
+// (64 bytes) and returns the length, so that long rows of numbers need no string per number.
+size_t PlainInto(char* buf, double v, int precision) {
+    if (v == 0) {
+        buf[0] = '0';
+        return 1;
+    }
     // Whole numbers that fit the precision print as integers: the common case, done without the
     // general conversion.
-    if (v == std::trunc(v) && std::fabs(v) < (precision >= 15 ? 1e15 : 1e7)) return std::to_string(std::int64_t(v));
+    if (v == std::trunc(v) && std::fabs(v) < (precision >= 15 ? 1e15 : 1e7))
+        return size_t(std::to_chars(buf, buf + 64, std::int64_t(v)).ptr - buf);
+    size_t n = size_t(std::to_chars(buf, buf + 64, v, std::chars_format::general, precision).ptr - buf);
+    for (size_t i = 0; i < n; ++i)
+        if (buf[i] == 'e') buf[i] = 'E';
+    const size_t zero = buf[0] == '-' ? 1 : 0;  // the "0" of "0." or "-0."
+    if (n > zero + 1 && buf[zero] == '0' && buf[zero + 1] == '.') {
+        std::memmove(buf + zero, buf + zero + 1, n - zero - 1);
+        --n;
+    }
+    return n;
+}
+
+std::string Plain(double v, int precision) {
     char buf[64];
-    auto res = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, precision);
-    std::string s(buf, res.ptr);
-    for (char& c : s)
-        if (c == 'e') c = 'E';
-    if (s.starts_with("0."))
-        s.erase(0, 1);
-    else if (s.starts_with("-0."))
-        s.erase(1, 1);
-    return s;
+    return std::string(buf, PlainInto(buf, v, precision));
 }
 
 std::string Shortest(double v, bool isFloat, int precision) {
@@ -165,6 +175,10 @@ bool IsNumeric(std::string_view s) {
 }
 
 std::string CStr(float v) { return Plain(double(v), 7); }
+void AppendCStr(std::string& out, float v) {
+    char buf[64];
+    out.append(buf, PlainInto(buf, double(v), 7));
+}
 std::string CStr(double v) { return Plain(v, 15); }
 std::string Str(float v) { return v < 0 ? CStr(v) : " " + CStr(v); }
 std::string Str(double v) { return v < 0 ? CStr(v) : " " + CStr(v); }

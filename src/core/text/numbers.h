@@ -24,6 +24,8 @@ std::string Str(float v);
 std::string Str(double v);
 std::string Str(int v);
 std::string CStr(int v);
+// CStr(v) appended to `out`, for long rows of numbers.
+void AppendCStr(std::string& out, float v);
 
 // Shortest text that reads back as the same value, with a leading zero ("0.5"); exponent form as CStr.
 std::string GeneralNumber(float v);
