@@ -21,6 +21,19 @@ inline std::string Unescape(const std::string& line) {
     return out;
 }
 
+// A section without the blank lines that end it (the one that separates cases among them).
+inline std::vector<std::string> WithoutTrailingBlanks(std::vector<std::string> lines) {
+    while (!lines.empty() && lines.back().empty()) lines.pop_back();
+    return lines;
+}
+
+// The lines, each ended by "\n".
+inline std::string JoinLines(const std::vector<std::string>& lines) {
+    std::string joined;
+    for (const auto& l : lines) joined += l + "\n";
+    return joined;
+}
+
 // `fill(case, kind, lines)` is called once per section; Case needs a `name` member.
 template <class Case, class Fill>
 std::vector<Case> ReadCaseFile(const std::string& data, Fill fill) {

@@ -68,10 +68,8 @@ constexpr const char* kRbsLines = "19\r\n60 600\r\n4He 4He\r\n2000\r\n15\r\nIBM\
 
 std::vector<GeoCase> ReadCases(const std::string& data) {
     return halvo::test::ReadCaseFile<GeoCase>(data, [&](GeoCase& c, const std::string& kind, std::vector<std::string> section) {
-        std::vector<std::string> lines = section;
-        while (!lines.empty() && lines.back().empty()) lines.pop_back();
-        std::string joined;
-        for (const auto& l : lines) joined += l + "\n";
+        const std::vector<std::string> lines = halvo::test::WithoutTrailingBlanks(section);
+        const std::string joined = halvo::test::JoinLines(lines);
         if (kind == "session") {
             c.session = lines;
         } else if (kind == "rbs") {

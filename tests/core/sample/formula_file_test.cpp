@@ -34,9 +34,8 @@ std::vector<GoldenCase> ReadCases(const std::string& data) {
             if (!(section.size() == 1 && section[0] == "<none>")) c.file = bytes;
             return;
         }
-        while (!section.empty() && section.back().empty()) section.pop_back();
-        std::string joined;
-        for (const auto& l : section) joined += l + "\n";
+        section = halvo::test::WithoutTrailingBlanks(section);
+        const std::string joined = halvo::test::JoinLines(section);
         if (kind == "answers") {
             std::istringstream in(joined);
             for (std::string a; in >> a;) c.answers.push_back(AnswerFromName(a));

@@ -37,10 +37,8 @@ using halvo::test::Unescape;
 
 inline std::vector<StructureCase> ReadStructureCases(const std::string& data) {
     return halvo::test::ReadCaseFile<StructureCase>(data, [&](StructureCase& c, const std::string& kind, std::vector<std::string> section) {
-        std::vector<std::string> lines = section;
-        while (!lines.empty() && lines.back().empty()) lines.pop_back();
-        std::string joined;
-        for (const auto& l : lines) joined += l + "\n";
+        const std::vector<std::string> lines = halvo::test::WithoutTrailingBlanks(section);
+        const std::string joined = halvo::test::JoinLines(lines);
         if (kind == "session") {
             c.session = lines;
         } else if (kind.starts_with("file")) {
